@@ -1,0 +1,46 @@
+// Whole-file writes that leave either the old or the new bytes, also when the power fails.
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QByteArrayView>
+#include <QtCore/QString>
+#include <optional>
+
+namespace diary::atomicfile {
+
+enum class Durability {
+    // The file's bytes and its name are on the disk when the call returns.
+    Synced,
+    // The replacement is atomic; power loss may bring back the old bytes. For what can be remade.
+    Unsynced,
+};
+
+// Replaces the file's content: a hidden temporary in the same folder, written whole, synced,
+// renamed over, the folder synced. Keeps the mode (and owner, where this user may set it) of the
+// file it replaces; follows symbolic links to their target, which may not exist yet. On failure the
+// old file stands and no temporary is left. Throws FileError (Write). Blocks; any thread.
+void write(const QString& path, QByteArrayView bytes, Durability durability = Durability::Synced);
+
+// All bytes of the file. Throws FileError (Read); a missing file has the code ENOENT.
+[[nodiscard]] QByteArray read(const QString& path);
+
+// The same, absent if that fails.
+[[nodiscard]] std::optional<QByteArray> tryRead(const QString& path);
+
+// Makes the folder with those above it, each synced into its parent. Nothing happens if it is
+// there. Throws FileError (MakeFolder).
+void makeFolder(const QString& path);
+
+// Moves a file within one file system, replacing what stands there; both folders are synced.
+// Throws FileError (Move).
+void move(const QString& from, const QString& to);
+
+// Syncs a folder, so that names made or removed in it last. Throws FileError (Write).
+void syncFolder(const QString& path);
+
+// Removes the temporaries in `folder` whose owner on this machine is known to be dead. Those of
+// other machines, brought by a sync service, and those of living processes stay. Gives their
+// number; a folder that can't be listed has none.
+int removeAbandonedTemporaries(const QString& folder);
+
+}  // namespace diary::atomicfile

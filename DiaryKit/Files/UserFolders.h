@@ -1,0 +1,21 @@
+// The folders of this user that the XDG Base Directory Specification gives an application, apart
+// from those that Qt finds itself.
+#pragma once
+
+#include <QtCore/QString>
+
+namespace diary {
+
+// Where lock files live: $XDG_RUNTIME_DIR/velmar, else /run/user/<uid>/velmar, else a folder of
+// mode 0700 under the temporary folder that belongs to this user. Made if it is missing; an empty
+// text if none can be had.
+[[nodiscard]] QString userRuntimeFolder();
+
+// Where kept texts live: $XDG_STATE_HOME/velmar, else ~/.local/state/velmar. Not made.
+[[nodiscard]] QString userStateFolder();
+
+// The real path of a folder that may not exist yet: the existing part with its links resolved, the
+// rest as it is written. Two spellings of one vault give one key.
+[[nodiscard]] QString resolvedPath(const QString& path);
+
+}  // namespace diary
