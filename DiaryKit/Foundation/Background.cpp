@@ -4,8 +4,7 @@
 
 namespace diary::background {
 
-void start(Urgency urgency, std::function<void()> work)
-{
+void start(Urgency urgency, std::function<void()> work) {
     QThreadPool::globalInstance()->start(std::move(work), urgency == Urgency::UserWaits ? 1 : 0);
 }
 

@@ -19,8 +19,7 @@ void start(Urgency urgency, std::function<void()> work);
 // object of the main thread, is gone by then. Returns at once. `work` must not throw; what can
 // fail returns its failure.
 template <typename Work, typename Finish>
-void run(Urgency urgency, QObject* context, Work work, Finish finish)
-{
+void run(Urgency urgency, QObject* context, Work work, Finish finish) {
     start(urgency, [context = QPointer<QObject>(context), work = std::move(work),
                     finish = std::move(finish)]() mutable {
         auto value = work();

@@ -11,8 +11,7 @@ namespace diary::text {
 namespace {
 
 // The code point that ends right before `position`.
-char32_t codePointBefore(QStringView text, qsizetype position)
-{
+char32_t codePointBefore(QStringView text, qsizetype position) {
     const QChar last = text[position - 1];
     if (last.isLowSurrogate() && position >= 2 && text[position - 2].isHighSurrogate()) {
         return QChar::surrogateToUcs4(text[position - 2], last);
@@ -20,8 +19,7 @@ char32_t codePointBefore(QStringView text, qsizetype position)
     return last.unicode();
 }
 
-char32_t codePointAt(QStringView text, qsizetype position)
-{
+char32_t codePointAt(QStringView text, qsizetype position) {
     const QChar first = text[position];
     if (first.isHighSurrogate() && position + 1 < text.size() &&
         text[position + 1].isLowSurrogate()) {
@@ -30,11 +28,12 @@ char32_t codePointAt(QStringView text, qsizetype position)
     return first.unicode();
 }
 
-qsizetype unitsOf(char32_t codePoint) { return codePoint > 0xFFFF ? 2 : 1; }
+qsizetype unitsOf(char32_t codePoint) {
+    return codePoint > 0xFFFF ? 2 : 1;
+}
 
 template <typename Predicate>
-QStringView trimmedStart(QStringView text, Predicate belongs)
-{
+QStringView trimmedStart(QStringView text, Predicate belongs) {
     qsizetype start = 0;
     while (start < text.size()) {
         const char32_t codePoint = codePointAt(text, start);
@@ -45,8 +44,7 @@ QStringView trimmedStart(QStringView text, Predicate belongs)
 }
 
 template <typename Predicate>
-QStringView trimmedEnd(QStringView text, Predicate belongs)
-{
+QStringView trimmedEnd(QStringView text, Predicate belongs) {
     qsizetype end = text.size();
     while (end > 0) {
         const char32_t codePoint = codePointBefore(text, end);
@@ -56,65 +54,54 @@ QStringView trimmedEnd(QStringView text, Predicate belongs)
     return text.first(end);
 }
 
-int clusterBreakOf(char32_t codePoint)
-{
+int clusterBreakOf(char32_t codePoint) {
     return u_getIntPropertyValue(static_cast<UChar32>(codePoint), UCHAR_GRAPHEME_CLUSTER_BREAK);
 }
 
 // A white character joins what follows it if that extends a cluster, and what precedes it if that
 // is a prepended mark; controls, the line ends among them, join neither (UAX #29, GB4 to GB9b).
-bool joinsNext(QStringView text, qsizetype position)
-{
+bool joinsNext(QStringView text, qsizetype position) {
     if (position >= text.size()) return false;
     const int next = clusterBreakOf(codePointAt(text, position));
     return next == U_GCB_EXTEND || next == U_GCB_ZWJ || next == U_GCB_SPACING_MARK;
 }
 
-bool isControl(char32_t codePoint)
-{
+bool isControl(char32_t codePoint) {
     const int kind = clusterBreakOf(codePoint);
     return kind == U_GCB_CONTROL || kind == U_GCB_CR || kind == U_GCB_LF;
 }
 
 }  // namespace
 
-bool isWhiteSpace(char32_t codePoint)
-{
+bool isWhiteSpace(char32_t codePoint) {
     if (codePoint < 0x80) return codePoint == ' ' || (codePoint >= 0x09 && codePoint <= 0x0D);
     return u_hasBinaryProperty(static_cast<UChar32>(codePoint), UCHAR_WHITE_SPACE);
 }
 
-bool isNewline(char32_t codePoint)
-{
+bool isNewline(char32_t codePoint) {
     return (codePoint >= 0x0A && codePoint <= 0x0D) || codePoint == 0x85 || codePoint == 0x2028 ||
            codePoint == 0x2029;
 }
 
-bool isWhitespaceOrNewline(char32_t codePoint)
-{
+bool isWhitespaceOrNewline(char32_t codePoint) {
     if (codePoint < 0x80) return codePoint == ' ' || (codePoint >= 0x09 && codePoint <= 0x0D);
-    return codePoint == 0x85 ||
-           (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & U_GC_Z_MASK) != 0;
+    return codePoint == 0x85 || (U_GET_GC_MASK(static_cast<UChar32>(codePoint)) & U_GC_Z_MASK) != 0;
 }
 
-bool isBlank(char32_t codePoint)
-{
+bool isBlank(char32_t codePoint) {
     if (codePoint < 0x80) return codePoint == ' ' || codePoint == '\t';
     return u_charType(static_cast<UChar32>(codePoint)) == U_SPACE_SEPARATOR;
 }
 
-QStringView trimmed(QStringView text)
-{
+QStringView trimmed(QStringView text) {
     return trimmedStart(trimmedEnd(text, isWhitespaceOrNewline), isWhitespaceOrNewline);
 }
 
-QStringView trimmedOfBlanks(QStringView text)
-{
+QStringView trimmedOfBlanks(QStringView text) {
     return trimmedStart(trimmedEnd(text, isBlank), isBlank);
 }
 
-QStringView withoutTrailingWhiteSpace(QStringView text)
-{
+QStringView withoutTrailingWhiteSpace(QStringView text) {
     const qsizetype end = trimmedEnd(text, isWhiteSpace).size();
     if (end == text.size() || end == 0) return text.first(end);
     const char32_t first = codePointAt(text, end);
@@ -122,8 +109,7 @@ QStringView withoutTrailingWhiteSpace(QStringView text)
     return text.first(prepended && !isControl(first) ? end + unitsOf(first) : end);
 }
 
-QStringView withoutLeadingWhiteSpace(QStringView text)
-{
+QStringView withoutLeadingWhiteSpace(QStringView text) {
     const QStringView rest = trimmedStart(text, isWhiteSpace);
     const qsizetype start = text.size() - rest.size();
     if (start == 0 || !joinsNext(text, start)) return rest;
@@ -131,12 +117,15 @@ QStringView withoutLeadingWhiteSpace(QStringView text)
     return text.sliced(isControl(last) ? start : start - unitsOf(last));
 }
 
-QStringView withoutLeadingNewlines(QStringView text) { return trimmedStart(text, isNewline); }
+QStringView withoutLeadingNewlines(QStringView text) {
+    return trimmedStart(text, isNewline);
+}
 
-bool hasContent(QStringView text) { return !trimmedStart(text, isWhiteSpace).isEmpty(); }
+bool hasContent(QStringView text) {
+    return !trimmedStart(text, isWhiteSpace).isEmpty();
+}
 
-int contentCharacterCount(QStringView text)
-{
+int contentCharacterCount(QStringView text) {
     // Counting happens at every keystroke, so the iterator is made once for each thread.
     thread_local const std::unique_ptr<icu::BreakIterator> characters = [] {
         UErrorCode status = U_ZERO_ERROR;
@@ -157,8 +146,7 @@ int contentCharacterCount(QStringView text)
     return count;
 }
 
-bool canonicallyEqual(QStringView a, QStringView b)
-{
+bool canonicallyEqual(QStringView a, QStringView b) {
     if (a == b) return true;
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* canonical = icu::Normalizer2::getNFDInstance(status);
@@ -169,8 +157,7 @@ bool canonicallyEqual(QStringView a, QStringView b)
     return decomposed(a) == decomposed(b) && U_SUCCESS(status);
 }
 
-qsizetype indexOfLineEnd(QStringView text, qsizetype from)
-{
+qsizetype indexOfLineEnd(QStringView text, qsizetype from) {
     for (qsizetype at = text.indexOf(u'\n', from); at >= 0; at = text.indexOf(u'\n', at + 1)) {
         if (at == 0 || text[at - 1] != u'\r') return at;
     }

@@ -11,8 +11,7 @@ struct Decoded {
     bool hasError = false;
 };
 
-Decoded decoded(QByteArrayView bytes)
-{
+Decoded decoded(QByteArrayView bytes) {
     // Stateless: a sequence that the end cuts short is an error, not something to wait for.
     QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom |
                                                        QStringConverter::Flag::Stateless);
@@ -24,15 +23,18 @@ Decoded decoded(QByteArrayView bytes)
 
 }  // namespace
 
-std::optional<QString> decodedStrictly(QByteArrayView bytes)
-{
+std::optional<QString> decodedStrictly(QByteArrayView bytes) {
     Decoded result = decoded(bytes);
     if (result.hasError) return std::nullopt;
     return std::move(result.text);
 }
 
-QString decodedWithRepair(QByteArrayView bytes) { return decoded(bytes).text; }
+QString decodedWithRepair(QByteArrayView bytes) {
+    return decoded(bytes).text;
+}
 
-bool isValid(QByteArrayView bytes) { return bytes.isValidUtf8(); }
+bool isValid(QByteArrayView bytes) {
+    return bytes.isValidUtf8();
+}
 
 }  // namespace diary::utf8

@@ -15,16 +15,14 @@ const QLatin1String kBlankLine("\n\n");
 using Bodies = std::map<int, QString>;
 
 // A year that stands twice keeps its bodies, each once.
-Bodies currentBodies(QStringView current)
-{
+Bodies currentBodies(QStringView current) {
     std::map<int, std::vector<QString>> distinct;
     for (YearBody& section : sectionBodies(current)) {
         std::vector<QString>& bodies = distinct[section.year];
-        const bool isKnown =
-            section.body.isEmpty() ||
-            std::any_of(bodies.begin(), bodies.end(), [&](const QString& body) {
-                return text::canonicallyEqual(body, section.body);
-            });
+        const bool isKnown = section.body.isEmpty() ||
+                             std::any_of(bodies.begin(), bodies.end(), [&](const QString& body) {
+                                 return text::canonicallyEqual(body, section.body);
+                             });
         if (!isKnown) bodies.push_back(std::move(section.body));
     }
     Bodies result;
@@ -38,16 +36,14 @@ Bodies currentBodies(QStringView current)
     return result;
 }
 
-QString mergedBody(const QString& current, const QString& other, QStringView conflictMarker)
-{
+QString mergedBody(const QString& current, const QString& other, const QString& conflictMarker) {
     if (text::canonicallyEqual(current, other) || current.startsWith(other)) return current;
     if (other.startsWith(current)) return other;
     return closingFence(current) + kBlankLine + conflictMarker + kBlankLine + other;
 }
 
 QString document(QStringView current, QStringView other, const MonthDay& monthDay,
-                 const Bodies& bodies)
-{
+                 const Bodies& bodies) {
     QString text = documentPreamble(current).value_or(
         documentPreamble(other).value_or(QLatin1String("# ") + monthDay.headerTitle()));
     text = closingFence(text);
@@ -58,8 +54,7 @@ QString document(QStringView current, QStringView other, const MonthDay& monthDa
     return text + u'\n';
 }
 
-void mergeInto(Bodies& bodies, const YearBody& other, QStringView conflictMarker)
-{
+void mergeInto(Bodies& bodies, const YearBody& other, const QString& conflictMarker) {
     const auto found = bodies.find(other.year);
     if (found == bodies.end()) {
         bodies.emplace(other.year, other.body);
@@ -71,8 +66,7 @@ void mergeInto(Bodies& bodies, const YearBody& other, QStringView conflictMarker
 }  // namespace
 
 QString mergingDocuments(QStringView current, QStringView other, const MonthDay& monthDay,
-                         QStringView conflictMarker)
-{
+                         const QString& conflictMarker) {
     Bodies bodies = currentBodies(current);
     for (const YearBody& section : sectionBodies(other)) {
         mergeInto(bodies, section, conflictMarker);
@@ -81,8 +75,7 @@ QString mergingDocuments(QStringView current, QStringView other, const MonthDay&
 }
 
 QString mergingVersion(QStringView current, QStringView version, const MonthDay& monthDay,
-                       QStringView conflictMarker)
-{
+                       const QString& conflictMarker) {
     QString other = version.toString();
     if (sections(other).empty()) {
         other.replace(QLatin1String("\r\n"), QLatin1String("\n"));
@@ -100,8 +93,7 @@ QString mergingVersion(QStringView current, QStringView version, const MonthDay&
     return document(current, other, monthDay, bodies);
 }
 
-bool holdsOnOwnLines(QStringView text, QStringView needle)
-{
+bool holdsOnOwnLines(QStringView text, QStringView needle) {
     if (needle.isEmpty()) return false;
     for (qsizetype at = text.indexOf(needle); at >= 0; at = text.indexOf(needle, at + 1)) {
         const qsizetype end = at + needle.size();

@@ -16,14 +16,14 @@ namespace diary::YearSectionParser {
 //   ("## 2024\nA", "## 2024\nB", "(both)") -> "# 01-02\n\n## 2024\n\nA\n\n(both)\n\nB\n"
 // Deterministic, but neither symmetric nor idempotent: see mergingVersion.
 [[nodiscard]] QString mergingDocuments(QStringView current, QStringView other,
-                                       const MonthDay& monthDay, QStringView conflictMarker);
+                                       const MonthDay& monthDay, const QString& conflictMarker);
 
 // The merge for a copy that a sync service left, which another machine may be taking in at the
 // same time: a year is left out where current holds the copy's text on lines of its own already,
 // and current's text where the copy holds it. A copy without sections that has CR LF line ends is
 // read with LF ends.
 [[nodiscard]] QString mergingVersion(QStringView current, QStringView version,
-                                     const MonthDay& monthDay, QStringView conflictMarker);
+                                     const MonthDay& monthDay, const QString& conflictMarker);
 
 // Whether `needle` stands in `text` on lines of its own: at the start or behind a line end, and up
 // to a line end or the end. An empty needle never does. ("a\nb c\nd", "b c") -> true

@@ -9,8 +9,7 @@ namespace {
 constexpr MonthDay kLeapDay{2, 29};
 
 // Two ASCII digits as a number, or -1.
-int twoDigits(QStringView text)
-{
+int twoDigits(QStringView text) {
     const auto digit = [](QChar c) { return c >= u'0' && c <= u'9' ? c.unicode() - u'0' : -1; };
     const int tens = digit(text[0]);
     const int units = digit(text[1]);
@@ -19,8 +18,7 @@ int twoDigits(QStringView text)
 
 }  // namespace
 
-std::optional<MonthDay> MonthDay::parse(QStringView fileName)
-{
+std::optional<MonthDay> MonthDay::parse(QStringView fileName) {
     if (fileName.size() != 8 || !fileName.endsWith(u".md") || fileName[2] != u'-') {
         return std::nullopt;
     }
@@ -29,40 +27,38 @@ std::optional<MonthDay> MonthDay::parse(QStringView fileName)
     return key;
 }
 
-bool MonthDay::isLeapYear(int year)
-{
+bool MonthDay::isLeapYear(int year) {
     return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
 }
 
-QString MonthDay::fileName() const { return headerTitle() + QLatin1String(".md"); }
+QString MonthDay::fileName() const {
+    return headerTitle() + QLatin1String(".md");
+}
 
-QString MonthDay::headerTitle() const { return QString::asprintf("%02d-%02d", month, day); }
+QString MonthDay::headerTitle() const {
+    return QString::asprintf("%02d-%02d", month, day);
+}
 
-int MonthDay::ordinalInCycle() const
-{
+int MonthDay::ordinalInCycle() const {
     int ordinal = day;
     for (int earlier = 1; earlier < month; ++earlier) ordinal += daysInCycleMonth[earlier - 1];
     return ordinal;
 }
 
-int MonthDay::ordinal(int year) const
-{
+int MonthDay::ordinal(int year) const {
     return isLeapYear(year) || month <= 2 ? ordinalInCycle() : ordinalInCycle() - 1;
 }
 
-int MonthDay::daysInYear(int year) const
-{
+int MonthDay::daysInYear(int year) const {
     return *this == kLeapDay || isLeapYear(year) ? 366 : 365;
 }
 
-std::optional<int> MonthDay::weekday(int year) const
-{
+std::optional<int> MonthDay::weekday(int year) const {
     if (*this == kLeapDay && !isLeapYear(year)) return std::nullopt;
     return DiaryDay{year, month, day}.weekday();
 }
 
-MonthDay MonthDay::advanced(int days) const
-{
+MonthDay MonthDay::advanced(int days) const {
     int position = (ordinalInCycle() - 1 + days % cycleLength + cycleLength) % cycleLength;
     MonthDay result{1, 1};
     while (position >= daysInCycleMonth[result.month - 1]) {

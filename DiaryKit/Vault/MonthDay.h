@@ -50,8 +50,7 @@ struct MonthDay {
     auto operator<=>(const MonthDay&) const = default;
 };
 
-inline size_t qHash(const MonthDay& key, size_t seed = 0)
-{
+inline size_t qHash(const MonthDay& key, size_t seed = 0) {
     return ::qHash(key.month * 32 + key.day, seed);
 }
 

@@ -12,13 +12,11 @@ namespace {
 using YearSectionParser::Section;
 using YearSectionParser::YearBody;
 
-QStringView slice(QStringView text, const TextRange& range)
-{
+QStringView slice(QStringView text, const TextRange& range) {
     return text.sliced(range.location, range.length);
 }
 
-std::vector<Section>::const_iterator firstSection(const std::vector<Section>& sections, int year)
-{
+std::vector<Section>::const_iterator firstSection(const std::vector<Section>& sections, int year) {
     return std::find_if(sections.begin(), sections.end(),
                         [&](const Section& section) { return section.year == year; });
 }
@@ -26,8 +24,7 @@ std::vector<Section>::const_iterator firstSection(const std::vector<Section>& se
 // The file without the sections that the previous save wrote as part of the draft: behind the
 // year's own section, the first ones of the same year and body. What differs was changed by
 // another writer and stays.
-QString withoutEmbeddedSections(QStringView latest, int year, QStringView lastWritten)
-{
+QString withoutEmbeddedSections(QStringView latest, int year, QStringView lastWritten) {
     const std::vector<Section> sections = YearSectionParser::sections(latest);
     auto own = firstSection(sections, year);
     if (own == sections.end()) return latest.toString();
@@ -48,8 +45,7 @@ QString withoutEmbeddedSections(QStringView latest, int year, QStringView lastWr
     return rest;
 }
 
-bool standsUnderYear(const QString& text, int year, const QString& written)
-{
+bool standsUnderYear(const QString& text, int year, const QString& written) {
     const std::vector<Section> sections = YearSectionParser::sections(text);
     const auto own = firstSection(sections, year);
     if (own == sections.end()) return false;
@@ -62,8 +58,7 @@ bool standsUnderYear(const QString& text, int year, const QString& written)
 
 std::optional<SectionSave> savingDraft(QStringView draft, int year, const MonthDay& monthDay,
                                        QStringView latest,
-                                       const std::optional<QString>& lastWritten)
-{
+                                       const std::optional<QString>& lastWritten) {
     SectionSave save;
     save.written = YearSectionParser::closingFence(text::trimmed(draft));
     save.replacedBody = YearSectionParser::body(year, latest);

@@ -8,8 +8,7 @@ namespace diary::yearheader {
 
 // Whether the units, after spaces, begin with three back-ticks.
 template <typename Unit>
-[[nodiscard]] bool isFence(const Unit* line, qsizetype length)
-{
+[[nodiscard]] bool isFence(const Unit* line, qsizetype length) {
     qsizetype at = 0;
     while (at < length && line[at] == ' ') ++at;
     return length - at >= 3 && line[at] == '`' && line[at + 1] == '`' && line[at + 2] == '`';
@@ -18,8 +17,7 @@ template <typename Unit>
 // The year of a header line, or -1: "##", spaces or tabs, exactly four ASCII digits, and then
 // nothing but spaces, tabs and lone CRs. "## 2024 trip" is body text.
 template <typename Unit>
-[[nodiscard]] int year(const Unit* line, qsizetype length)
-{
+[[nodiscard]] int year(const Unit* line, qsizetype length) {
     if (length < 7 || line[0] != '#' || line[1] != '#' || (line[2] != ' ' && line[2] != '\t')) {
         return -1;
     }

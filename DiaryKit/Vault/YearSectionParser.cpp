@@ -1,5 +1,6 @@
 #include "DiaryKit/Vault/YearSectionParser.h"
 
+#include <QtCore/QStringBuilder>
 #include <algorithm>
 
 #include "DiaryKit/Foundation/TextSets.h"
@@ -14,8 +15,7 @@ const QLatin1String kFence("```");
 
 // Calls `visit(start, line, next)` for each line; `next` is where the one behind it begins.
 template <typename Visit>
-void forEachLine(QStringView text, Visit visit)
-{
+void forEachLine(QStringView text, Visit visit) {
     qsizetype start = 0;
     while (start < text.size()) {
         const qsizetype end = text::indexOfLineEnd(text, start);
@@ -25,31 +25,31 @@ void forEachLine(QStringView text, Visit visit)
     }
 }
 
-bool isFence(QStringView line) { return yearheader::isFence(line.utf16(), line.size()); }
+bool isFence(QStringView line) {
+    return yearheader::isFence(line.utf16(), line.size());
+}
 
-std::optional<int> yearHeader(QStringView line)
-{
+std::optional<int> yearHeader(QStringView line) {
     const int year = yearheader::year(line.utf16(), line.size());
     return year < 0 ? std::nullopt : std::optional(year);
 }
 
-const Section* firstSection(const std::vector<Section>& sections, int year)
-{
+const Section* firstSection(const std::vector<Section>& sections, int year) {
     const auto found = std::find_if(sections.begin(), sections.end(),
                                     [&](const Section& section) { return section.year == year; });
     return found == sections.end() ? nullptr : &*found;
 }
 
-QStringView slice(QStringView text, const TextRange& range)
-{
+QStringView slice(QStringView text, const TextRange& range) {
     return text.sliced(range.location, range.length);
 }
 
-QString header(int year) { return QLatin1String("## ") + QString::number(year); }
+QString header(int year) {
+    return QLatin1String("## ") + QString::number(year);
+}
 
 // Behind the last smaller year, else ahead of the first greater one, else the end.
-qsizetype insertionPoint(int year, const std::vector<Section>& sections, QStringView text)
-{
+qsizetype insertionPoint(int year, const std::vector<Section>& sections, QStringView text) {
     const Section* below = nullptr;
     const Section* least = nullptr;
     for (const Section& section : sections) {
@@ -62,8 +62,7 @@ qsizetype insertionPoint(int year, const std::vector<Section>& sections, QString
 
 }  // namespace
 
-std::vector<Section> sections(QStringView text)
-{
+std::vector<Section> sections(QStringView text) {
     std::vector<Section> found;
     bool isFenced = false;
     const auto closeAt = [&](qsizetype end) {
@@ -84,8 +83,7 @@ std::vector<Section> sections(QStringView text)
     return found;
 }
 
-std::set<int> yearsWithContent(QStringView text)
-{
+std::set<int> yearsWithContent(QStringView text) {
     std::set<int> years;
     for (const Section& section : sections(text)) {
         if (text::hasContent(slice(text, section.bodyRange))) years.insert(section.year);
@@ -93,25 +91,21 @@ std::set<int> yearsWithContent(QStringView text)
     return years;
 }
 
-std::vector<YearBody> sectionBodies(QStringView text)
-{
+std::vector<YearBody> sectionBodies(QStringView text) {
     std::vector<YearBody> bodies;
     for (const Section& section : sections(text)) {
-        bodies.push_back(
-            {section.year, text::trimmed(slice(text, section.bodyRange)).toString()});
+        bodies.push_back({section.year, text::trimmed(slice(text, section.bodyRange)).toString()});
     }
     return bodies;
 }
 
-QString body(int year, QStringView text)
-{
+QString body(int year, QStringView text) {
     const std::vector<Section> all = sections(text);
     const Section* section = firstSection(all, year);
     return section ? text::trimmed(slice(text, section->bodyRange)).toString() : QString();
 }
 
-bool isEffectivelyEmpty(QStringView text, QStringView title)
-{
+bool isEffectivelyEmpty(QStringView text, QStringView title) {
     bool isEmpty = true;
     forEachLine(text, [&](qsizetype, QStringView line, qsizetype) {
         if (!isEmpty) return;
@@ -122,19 +116,17 @@ bool isEffectivelyEmpty(QStringView text, QStringView title)
     return isEmpty;
 }
 
-std::optional<QString> documentPreamble(QStringView text)
-{
+std::optional<QString> documentPreamble(QStringView text) {
     const std::vector<Section> all = sections(text);
     const QStringView head = all.empty() ? text : text.first(all.front().headerRange.location);
     const QStringView trimmed = text::trimmed(head);
     return trimmed.isEmpty() ? std::nullopt : std::optional(trimmed.toString());
 }
 
-EnsuredSection ensuringSection(int year, const MonthDay& monthDay, QStringView text)
-{
+EnsuredSection ensuringSection(int year, const MonthDay& monthDay, QStringView text) {
     if (!text::hasContent(text)) {
-        const QString made = QLatin1String("# ") + monthDay.headerTitle() + kBlankLine +
-                             header(year) + kBlankLine;
+        const QString made =
+            QLatin1String("# ") + monthDay.headerTitle() + kBlankLine + header(year) + kBlankLine;
         return {made, made.size()};
     }
     const std::vector<Section> all = sections(text);
@@ -151,13 +143,12 @@ EnsuredSection ensuringSection(int year, const MonthDay& monthDay, QStringView t
     if (!made.isEmpty()) made += kBlankLine;
     made += header(year) + kBlankLine;
     const qsizetype caret = made.size();
-    if (!behind.isEmpty()) made += kBlankLine + behind;
+    if (!behind.isEmpty()) made += kBlankLine % behind;
     return {made, caret};
 }
 
 QString appendingBody(QStringView body, QStringView separator, int year, const MonthDay& monthDay,
-                      QStringView text)
-{
+                      QStringView text) {
     const QStringView addition = text::trimmed(body);
     if (addition.isEmpty()) return text.toString();
     const EnsuredSection ensured = ensuringSection(year, monthDay, text);
@@ -168,16 +159,14 @@ QString appendingBody(QStringView body, QStringView separator, int year, const M
     QString result =
         text::withoutTrailingWhiteSpace(whole.first(ensured.caretUTF16Offset)).toString();
     result += kBlankLine;
-    if (text::hasContent(slice(whole, section->bodyRange))) result += separator + kBlankLine;
+    if (text::hasContent(slice(whole, section->bodyRange))) result += separator % kBlankLine;
     result += addition;
-    const QStringView rest =
-        text::withoutLeadingWhiteSpace(whole.sliced(ensured.caretUTF16Offset));
+    const QStringView rest = text::withoutLeadingWhiteSpace(whole.sliced(ensured.caretUTF16Offset));
     if (rest.isEmpty()) return result + u'\n';
-    return result + kBlankLine + rest;
+    return result % kBlankLine % rest;
 }
 
-QString replacingBody(QStringView body, int year, const MonthDay& monthDay, QStringView text)
-{
+QString replacingBody(QStringView body, int year, const MonthDay& monthDay, QStringView text) {
     const QStringView replacement = text::trimmed(body);
     const EnsuredSection ensured = ensuringSection(year, monthDay, text);
     const std::vector<Section> all = sections(ensured.text);
@@ -185,16 +174,15 @@ QString replacingBody(QStringView body, int year, const MonthDay& monthDay, QStr
     if (!section) return ensured.text;
     const QStringView whole(ensured.text);
     const QStringView behind = whole.sliced(section->bodyRange.end());
-    QString result = whole.first(section->bodyRange.location) + u'\n';
+    QString result = whole.first(section->bodyRange.location) % u'\n';
     if (!replacement.isEmpty()) {
         result += replacement;
         result += behind.isEmpty() ? QLatin1String("\n") : kBlankLine;
     }
-    return result + behind;
+    return result % behind;
 }
 
-QString removingSection(int year, QStringView text)
-{
+QString removingSection(int year, QStringView text) {
     const std::vector<Section> all = sections(text);
     const Section* section = firstSection(all, year);
     if (!section) return text.toString();
@@ -202,12 +190,11 @@ QString removingSection(int year, QStringView text)
         text::withoutTrailingWhiteSpace(text.first(section->headerRange.location));
     const QStringView behind =
         text::withoutLeadingWhiteSpace(text.sliced(section->bodyRange.end()));
-    if (behind.isEmpty()) return ahead + u'\n';
-    return ahead + kBlankLine + behind;
+    if (behind.isEmpty()) return ahead % u'\n';
+    return ahead % kBlankLine % behind;
 }
 
-bool leavesFenceOpen(QStringView text)
-{
+bool leavesFenceOpen(QStringView text) {
     bool isFenced = false;
     forEachLine(text, [&](qsizetype, QStringView line, qsizetype) {
         if (isFence(line)) isFenced = !isFenced;
@@ -215,9 +202,9 @@ bool leavesFenceOpen(QStringView text)
     return isFenced;
 }
 
-QString closingFence(QStringView text)
-{
-    return leavesFenceOpen(text) ? text + u'\n' + kFence : text.toString();
+QString closingFence(QStringView text) {
+    if (!leavesFenceOpen(text)) return text.toString();
+    return text % u'\n' % kFence;
 }
 
 }  // namespace diary::YearSectionParser

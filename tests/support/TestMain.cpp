@@ -3,8 +3,7 @@
 
 #include <QtCore/QCoreApplication>
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();

@@ -3,8 +3,7 @@
 
 #include <QtWidgets/QApplication>
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();

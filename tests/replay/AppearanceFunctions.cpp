@@ -1,0 +1,7 @@
+#include "tests/replay/Replay.h"
+
+namespace diary::replay {
+
+void addAppearanceFunctions(Table&) {}
+
+}  // namespace diary::replay
