@@ -6,6 +6,8 @@
 #include <QtCore/QString>
 #include <optional>
 
+#include "DiaryKit/Files/FileStamp.h"
+
 namespace diary::atomicfile {
 
 enum class Durability {
@@ -18,8 +20,10 @@ enum class Durability {
 // Replaces the file's content: a hidden temporary in the same folder, written whole, synced,
 // renamed over, the folder synced. Keeps the mode (and owner, where this user may set it) of the
 // file it replaces; follows symbolic links to their target, which may not exist yet. On failure the
-// old file stands and no temporary is left. Throws FileError (Write). Blocks; any thread.
-void write(const QString& path, QByteArrayView bytes, Durability durability = Durability::Synced);
+// old file stands and no temporary is left. Gives the stamp of what it wrote, also if another
+// writer has replaced that by now. Throws FileError (Write). Blocks; any thread.
+FileStamp write(const QString& path, QByteArrayView bytes,
+                Durability durability = Durability::Synced);
 
 // All bytes of the file. Throws FileError (Read); a missing file has the code ENOENT.
 [[nodiscard]] QByteArray read(const QString& path);

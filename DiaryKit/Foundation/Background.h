@@ -15,6 +15,10 @@ enum class Urgency { UserWaits, Utility };
 // Runs `work` on the shared pool. Returns at once; `work` must not throw.
 void start(Urgency urgency, std::function<void()> work);
 
+// Runs `piece(0)` to `piece(pieces - 1)` side by side, one of them on the calling thread, and
+// returns when all are done. No piece may throw. For work that is split by hand, on few threads.
+void inParallel(int pieces, const std::function<void(int)>& piece);
+
 // Runs `work()` on the shared pool, then `finish(value)` on the main thread, unless `context`, an
 // object of the main thread, is gone by then. Returns at once. `work` must not throw; what can
 // fail returns its failure.

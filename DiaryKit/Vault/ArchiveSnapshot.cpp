@@ -1,0 +1,92 @@
+#include "DiaryKit/Vault/ArchiveSnapshot.h"
+
+#include <algorithm>
+#include <thread>
+#include <vector>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Files/FileCoordinator.h"
+#include "DiaryKit/Foundation/Background.h"
+#include "DiaryKit/Foundation/FileError.h"
+#include "DiaryKit/Vault/DayFile.h"
+#include "DiaryKit/Vault/YearScan.h"
+
+namespace diary {
+
+namespace {
+
+// Below this many files a second thread costs more than it saves.
+constexpr int kFilesPerThread = 64;
+
+ScannedDay scanDay(const FileCoordinator& coordinator, const QString& path,
+                   const YearCacheEntry* cached, const DownloadService& downloads) {
+    ScannedDay result;
+    const std::optional<FileStamp> found = fileStamp(path);
+    const FileStamp stamp = found.value_or(FileStamp());
+    if (cached && cached->mtime == stamp) {
+        result.entry = *cached;
+        result.isCached = true;
+        return result;
+    }
+    if (!found && downloads.state(path) == DownloadState::NotDownloaded) {
+        downloads.startDownloading(path);
+        result.isAwaitingDownload = true;
+        return result;
+    }
+    try {
+        coordinator.coordinateReading([&] {
+            const auto bytes = atomicfile::tryRead(path);
+            if (bytes) result.entry = YearCacheEntry{stamp, yearsWithContent(*bytes)};
+        });
+    } catch (const FileError&) {
+        result.entry.reset();
+    }
+    return result;
+}
+
+void add(ArchiveScan& scan, const MonthDay& day, ScannedDay scanned) {
+    if (scanned.isAwaitingDownload) scan.snapshot.awaitingDownload.insert(day);
+    if (!scanned.entry) return;
+    const std::set<int>& years = scanned.entry->years;
+    if (!years.empty()) {
+        Overview& overview = scan.snapshot.overview;
+        scan.snapshot.heatCounts.insert(day, static_cast<int>(years.size()));
+        scan.snapshot.contentYears.insert(years.begin(), years.end());
+        ++overview.daysWithContent;
+        overview.earliestYear =
+            std::min(overview.earliestYear.value_or(*years.begin()), *years.begin());
+    }
+    if (!scanned.isCached) scan.fresh.insert(day, std::move(*scanned.entry));
+}
+
+}  // namespace
+
+ScannedDay scanDay(const QString& root, const MonthDay& day, const YearCacheEntry* cached,
+                   const DownloadService& downloads) {
+    return scanDay(FileCoordinator(root), dayfile::path(root, day), cached, downloads);
+}
+
+ArchiveScan scanArchive(const QString& root, const YearCache& cache,
+                        const DownloadService& downloads) {
+    ArchiveScan scan;
+    scan.files = dayfile::dayFiles(root);
+    const std::vector<MonthDay> days(scan.files.begin(), scan.files.end());
+    std::vector<ScannedDay> scanned(days.size());
+    const FileCoordinator coordinator(root);
+    const int count = static_cast<int>(days.size());
+    const int threads =
+        std::clamp(count / kFilesPerThread, 1,
+                   static_cast<int>(std::max(1U, std::thread::hardware_concurrency())));
+    background::inParallel(threads, [&](int piece) {
+        for (int i = piece; i < count; i += threads) {
+            const auto cached = cache.constFind(days[i]);
+            scanned[i] = scanDay(coordinator, dayfile::path(root, days[i]),
+                                 cached == cache.constEnd() ? nullptr : &*cached, downloads);
+        }
+    });
+    for (int i = 0; i < count; ++i) add(scan, days[i], std::move(scanned[i]));
+    scan.snapshot.overview.fileCount = count;
+    return scan;
+}
+
+}  // namespace diary

@@ -1,0 +1,115 @@
+#include "DiaryKit/Vault/DayFile.h"
+
+#include <dirent.h>
+
+#include <QtCore/QFile>
+#include <cerrno>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Files/DownloadService.h"
+#include "DiaryKit/Files/FileCoordinator.h"
+#include "DiaryKit/Foundation/FileError.h"
+#include "DiaryKit/Foundation/Utf8.h"
+#include "DiaryKit/Vault/YearSectionParser.h"
+
+namespace diary::dayfile {
+
+namespace {
+
+Content contentOf(QByteArray bytes) {
+    Content content;
+    content.bytes = std::move(bytes);
+    content.isValidUtf8 = utf8::isValid(content.bytes);
+    content.text = utf8::decodedWithRepair(content.bytes);
+    return content;
+}
+
+// Absent if there is no such file; every other failure is thrown.
+std::optional<Content> existingContent(const QString& path) {
+    try {
+        return contentOf(atomicfile::read(path));
+    } catch (const FileError& error) {
+        if (error.code() == ENOENT || error.code() == ENOTDIR) return std::nullopt;
+        throw;
+    }
+}
+
+Rewritten replaced(const QString& root, const MonthDay& monthDay,
+                   const std::optional<Content>& existing, QString text) {
+    const QString path = dayfile::path(root, monthDay);
+    const QByteArray bytes = text.toUtf8();
+    const bool isBlank =
+        !existing && YearSectionParser::isEffectivelyEmpty(text, monthDay.headerTitle());
+    if (isBlank || (existing && existing->bytes == bytes)) {
+        return {std::move(text), fileStamp(path)};
+    }
+    atomicfile::makeFolder(root);
+    const FileStamp stamp = atomicfile::write(path, bytes);
+    return {std::move(text), stamp};
+}
+
+}  // namespace
+
+QString path(const QString& root, const MonthDay& monthDay) {
+    return root + u'/' + monthDay.fileName();
+}
+
+QString blankTemplate(const MonthDay& monthDay) {
+    return QLatin1String("# ") + monthDay.headerTitle() + u'\n';
+}
+
+std::set<MonthDay> dayFiles(const QString& root) {
+    std::set<MonthDay> days;
+    DIR* folder = ::opendir(QFile::encodeName(root).constData());
+    if (!folder) return days;
+    while (const dirent* entry = ::readdir(folder)) {
+        const QString name = QFile::decodeName(entry->d_name);
+        std::optional<MonthDay> day = MonthDay::parse(name);
+        if (!day) {
+            const std::optional<QString> target = placeholderTarget(name);
+            if (target) day = MonthDay::parse(*target);
+        }
+        if (day) days.insert(*day);
+    }
+    ::closedir(folder);
+    return days;
+}
+
+std::optional<QString> existingText(const QString& root, const MonthDay& monthDay) {
+    std::optional<QString> text;
+    try {
+        FileCoordinator(root).coordinateReading([&] {
+            const auto bytes = atomicfile::tryRead(path(root, monthDay));
+            if (bytes) text = utf8::decodedWithRepair(*bytes);
+        });
+    } catch (const FileError&) {
+        return std::nullopt;  // A lock that can't be had is a file that can't be read.
+    }
+    return text;
+}
+
+void modifyingFile(
+    const QString& root, const MonthDay& monthDay,
+    const std::function<void(const QString& path, const std::optional<QString>& text)>& body) {
+    atomicfile::makeFolder(root);
+    FileCoordinator(root).coordinateWriting([&] {
+        const QString file = path(root, monthDay);
+        std::optional<Content> existing = existingContent(file);
+        if (existing && !existing->isValidUtf8) {
+            throw FileError(FileOperation::Decode, file, EILSEQ);
+        }
+        body(file, existing ? std::optional(std::move(existing->text)) : std::nullopt);
+    });
+}
+
+Rewritten rewrite(const QString& root, const MonthDay& monthDay,
+                  const std::function<QString(const std::optional<Content>& existing)>& change) {
+    Rewritten result;
+    FileCoordinator(root).coordinateWriting([&] {
+        const std::optional<Content> existing = existingContent(path(root, monthDay));
+        result = replaced(root, monthDay, existing, change(existing));
+    });
+    return result;
+}
+
+}  // namespace diary::dayfile
