@@ -49,9 +49,10 @@ bool standsUnderYear(const QString& text, int year, const QString& written) {
     const std::vector<Section> sections = YearSectionParser::sections(text);
     const auto own = firstSection(sections, year);
     if (own == sections.end()) return false;
+    if (written.isEmpty()) return text::trimmed(slice(text, own->bodyRange)).isEmpty();
+    // A header that had no LF takes the one ahead of the body for its own.
     const QStringView behind = QStringView(text).sliced(own->bodyRange.location);
-    return written.isEmpty() ? text::trimmed(slice(text, own->bodyRange)).isEmpty()
-                             : behind.startsWith(u'\n') && behind.sliced(1).startsWith(written);
+    return text::withoutLeadingNewlines(behind).startsWith(written);
 }
 
 }  // namespace

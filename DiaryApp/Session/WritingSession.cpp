@@ -1,0 +1,346 @@
+#include "DiaryApp/Session/WritingSession.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Foundation/TextSets.h"
+#include "DiaryKit/Foundation/Utf8.h"
+#include "DiaryKit/Vault/DocumentMerge.h"
+#include "DiaryKit/Vault/YearSectionParser.h"
+
+namespace velmar {
+
+using diary::FileError;
+using diary::KeptReason;
+using diary::MonthDay;
+namespace YearSectionParser = diary::YearSectionParser;
+
+namespace {
+
+template <typename Callable, typename... Arguments>
+void call(const Callable& callable, Arguments&&... arguments) {
+    if (callable) callable(std::forward<Arguments>(arguments)...);
+}
+
+}  // namespace
+
+WritingSession::WritingSession(diary::DiaryStore& store, SessionView view, Environment environment)
+    : m_store(store),
+      m_view(std::move(view)),
+      m_environment(std::move(environment)),
+      m_saveTimer(m_environment.makeTimer()),
+      m_remoteRefreshTimer(m_environment.makeTimer()) {
+    m_monthDay = today().monthDay();
+    m_viewedYear = today().year;
+}
+
+diary::DiaryDay WritingSession::today() const {
+    return diary::DiaryDay::today(*m_environment.clock);
+}
+
+QString WritingSession::body(int ofYear) const {
+    return YearSectionParser::body(ofYear, m_rawText);
+}
+
+std::vector<PastEntry> WritingSession::pastEntries() const {
+    const int currentYear = today().year;
+    std::vector<PastEntry> entries;
+    for (YearSectionParser::YearBody& section : YearSectionParser::sectionBodies(m_rawText)) {
+        if (section.year == currentYear || section.body.isEmpty()) continue;
+        entries.push_back({section.year, std::move(section.body)});
+    }
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const PastEntry& a, const PastEntry& b) { return a.year > b.year; });
+    return entries;
+}
+
+bool WritingSession::open(const MonthDay& monthDay, Focus focus) {
+    if (!leaveDraft()) return false;
+    m_monthDay = monthDay;
+    resolveConflicts();
+    m_viewedYear = today().year;
+    loadDay();
+    setDirty(false);
+    call(m_view.renderTopBar);
+    call(m_view.renderSidebar);
+    call(m_view.renderEntry);
+    call(m_view.renderRail);
+    call(m_view.renderStatus);
+    call(m_view.scrollToTop);
+    if (focus == Focus::Editor) call(m_view.focusEditor);
+    offerKeptDraft();
+    return true;
+}
+
+bool WritingSession::pickYear(int year, Focus focus) {
+    if (year == m_viewedYear && !m_showAllYears) return true;
+    if (!leaveDraft()) return false;
+    m_showAllYears = false;
+    m_viewedYear = year;
+    loadDraft();
+    call(m_view.renderSidebar);
+    call(m_view.renderEntry);
+    call(m_view.renderRail);
+    call(m_view.renderStatus);
+    call(m_view.scrollToTop);
+    if (focus == Focus::Editor) call(m_view.focusEditor);
+    return true;
+}
+
+void WritingSession::setAllYears(bool isOn) {
+    if (isOn == m_showAllYears) return;
+    flushSaveIfDirty();
+    m_showAllYears = isOn;
+    if (isOn) {
+        m_showSource = false;
+        call(m_view.renderTopBar);
+    }
+    call(m_view.renderEntry);
+    call(m_view.renderRail);
+    call(m_view.scrollToTop);
+    if (!isOn) call(m_view.focusEditor);
+}
+
+void WritingSession::toggleSourceView() {
+    flushSaveIfDirty();
+    m_showSource = !m_showSource;
+    if (m_showSource) m_showAllYears = false;
+    call(m_view.renderEntry);
+    call(m_view.renderTopBar);
+    call(m_view.scrollToTop);
+}
+
+bool WritingSession::goToRandomDay() {
+    const std::optional<MonthDay> day = m_store.randomDayWithContent();
+    if (!day) return false;
+    open(*day, Focus::Editor);
+    return true;
+}
+
+void WritingSession::draftChanged(const QString& text) {
+    m_draft = text;
+    if (!m_isDirty) call(m_view.clearSearchHighlights);
+    setDirty(true);
+    call(m_view.renderRail);
+    call(m_view.renderStatus);
+    call(m_view.renderTopBar);
+    m_saveTimer->start(saveDelay, [this] { flushSaveIfDirty(); });
+}
+
+void WritingSession::flushSaveIfDirty() {
+    m_saveTimer->stop();
+    if (!m_isDirty) return;
+    m_keptNotices.clear();
+    try {
+        diary::SectionSave save;
+        const diary::dayfile::Rewritten written = m_store.rewrite(
+            m_monthDay, [&](const std::optional<diary::dayfile::Content>& existing) {
+                return textToSave(existing, save);
+            });
+        noteSaved(save, written);
+    } catch (const FileError& error) {
+        noteFailed(error);
+    }
+    for (const SessionNotice notice : m_keptNotices) tell(notice);
+}
+
+// Runs under the file's lock. What the save is about to let go of is kept before it is written.
+QString WritingSession::textToSave(const std::optional<diary::dayfile::Content>& existing,
+                                   diary::SectionSave& save) {
+    const QString title = m_monthDay.headerTitle();
+    const QString latest = existing ? existing->text : diary::dayfile::blankTemplate(m_monthDay);
+    const std::optional<diary::SectionSave> saving =
+        diary::savingDraft(m_draft, m_viewedYear, m_monthDay, latest, m_lastWritten);
+    if (!saving) {
+        throw FileError(diary::FileOperation::Write, m_store.fileURL(m_monthDay), EINVAL);
+    }
+    const QDateTime now = m_environment.clock->now();
+    if (existing && !existing->isValidUtf8) {
+        m_store.keptTexts().keep(title, std::nullopt, KeptReason::Undecodable, existing->bytes,
+                                 now);
+        m_keptNotices.push_back(SessionNotice::KeptUndecodable);
+    }
+    const QString& replaced = saving->replacedBody;
+    const bool isOurs = replaced.isEmpty() || replaced == m_loadedBody ||
+                        replaced == m_writtenBody ||
+                        YearSectionParser::holdsOnOwnLines(saving->written, replaced);
+    if (!isOurs) {
+        m_store.keptTexts().keep(title, m_viewedYear, KeptReason::Overwritten, replaced.toUtf8(),
+                                 now);
+        m_keptNotices.push_back(SessionNotice::KeptOverwritten);
+    }
+    save = *saving;
+    return save.text;
+}
+
+void WritingSession::noteSaved(const diary::SectionSave& save,
+                               const diary::dayfile::Rewritten& written) {
+    m_rawText = written.text;
+    m_loadedModificationDate = written.stamp;
+    m_lastWritten = save.written;
+    m_writtenBody = body(m_viewedYear);
+    m_didReportSaveError = false;
+    setDirty(false);
+    call(m_view.renderSidebar);
+    call(m_view.renderRail);
+}
+
+// The draft stays dirty. The next keystroke or flush tries again; no retry is scheduled.
+void WritingSession::noteFailed(const FileError& error) {
+    if (m_didReportSaveError) return;
+    m_didReportSaveError = true;
+    call(m_view.showSaveError, error);
+}
+
+// Saves the draft before another takes its place, or else keeps it. False if neither can be done.
+bool WritingSession::leaveDraft() {
+    flushSaveIfDirty();
+    if (!m_isDirty) return true;
+    try {
+        keepDraft();
+    } catch (const FileError&) {
+        tell(SessionNotice::CannotLeave);
+        return false;
+    }
+    setDirty(false);
+    return true;
+}
+
+void WritingSession::keepDraft() {
+    if (!diary::text::hasContent(m_draft)) return;
+    m_store.keptTexts().keep(m_monthDay.headerTitle(), m_viewedYear, KeptReason::UnsavedDraft,
+                             m_draft.toUtf8(), m_environment.clock->now());
+    tell(SessionNotice::KeptDraft);
+}
+
+void WritingSession::close() {
+    m_remoteRefreshTimer->stop();
+    if (!leaveDraft()) flushSaveIfDirty();
+    m_saveTimer->stop();
+}
+
+void WritingSession::loadDay() {
+    // The stamp comes first: a change between the two is then met by the next refresh.
+    m_loadedModificationDate = m_store.modificationDate(m_monthDay);
+    m_rawText = m_store.loadText(m_monthDay);
+    loadDraft();
+}
+
+void WritingSession::loadDraft() {
+    m_draft = body(m_viewedYear);
+    m_loadedBody = m_draft;
+    m_writtenBody.reset();
+    m_lastWritten.reset();
+}
+
+void WritingSession::resolveConflicts() {
+    const QString marker =
+        m_environment.conflictMarker ? m_environment.conflictMarker() : QString();
+    switch (m_store.resolveConflicts(m_monthDay, marker)) {
+        case diary::DiaryStore::Conflicts::None:
+            break;
+        case diary::DiaryStore::Conflicts::Merged:
+            tell(SessionNotice::MergedRemote);
+            break;
+        case diary::DiaryStore::Conflicts::MergedAndKept:
+            tell(SessionNotice::KeptMerge);
+            break;
+    }
+}
+
+void WritingSession::scheduleRemoteRefresh() {
+    m_remoteRefreshTimer->start(remoteRefreshDelay, [this] { performRemoteRefresh(); });
+}
+
+void WritingSession::performRemoteRefresh() {
+    m_remoteRefreshTimer->stop();
+    m_store.invalidateCaches();
+    call(m_view.renderSidebar);
+    resolveConflicts();
+    if (m_store.modificationDate(m_monthDay) != m_loadedModificationDate) reloadFromDisk();
+}
+
+void WritingSession::reloadFromDisk() {
+    if (m_isDirty) return;
+    loadDay();
+    call(m_view.renderTopBar);
+    call(m_view.renderSidebar);
+    call(m_view.renderEntry);
+    call(m_view.renderRail);
+    call(m_view.renderStatus);
+}
+
+void WritingSession::calendarDayChanged() {
+    call(m_view.renderTopBar);
+    call(m_view.renderSidebar);
+    if (!m_isDirty) {
+        call(m_view.renderEntry);
+        call(m_view.renderRail);
+    }
+    call(m_view.renderStatus);
+}
+
+bool WritingSession::importWillWrite() {
+    if (m_isImportWriting) return false;
+    flushSaveIfDirty();
+    if (m_isDirty) return false;
+    m_isImportWriting = true;
+    call(m_view.setEditable, false);
+    return true;
+}
+
+void WritingSession::importDidWrite() {
+    m_isImportWriting = false;
+    m_store.invalidateCaches();
+    if (!m_isDirty) {
+        reloadFromDisk();
+        return;
+    }
+    call(m_view.renderTopBar);
+    call(m_view.renderSidebar);
+    call(m_view.renderEntry);
+    call(m_view.renderRail);
+    call(m_view.renderStatus);
+}
+
+void WritingSession::offerKeptDraft() {
+    const std::vector<diary::KeptText> kept =
+        m_store.keptTexts().list(m_monthDay.headerTitle(), KeptReason::UnsavedDraft);
+    const auto offered = std::find_if(kept.begin(), kept.end(),
+                                      [](const diary::KeptText& text) { return text.year; });
+    if (offered == kept.end()) {
+        call(m_view.withdrawKeptDraft);
+    } else {
+        call(m_view.offerKeptDraft, *offered);
+    }
+}
+
+void WritingSession::putBack(const diary::KeptText& kept) {
+    const std::optional<QByteArray> bytes = diary::atomicfile::tryRead(kept.path);
+    if (!bytes || !kept.year || !pickYear(*kept.year, Focus::Editor)) return;
+    const QString text = diary::utf8::decodedWithRepair(*bytes);
+    if (!YearSectionParser::holdsOnOwnLines(m_draft, diary::text::trimmed(text))) {
+        draftChanged(m_draft.isEmpty() ? text : m_draft + QLatin1String("\n\n") + text);
+        call(m_view.renderEntry);
+        flushSaveIfDirty();
+    }
+    if (m_isDirty) return;
+    try {
+        m_store.keptTexts().markPutBack(kept);
+    } catch (const FileError&) {
+        return;  // It is offered again, and found in the text then.
+    }
+    offerKeptDraft();
+}
+
+void WritingSession::tell(SessionNotice notice) const {
+    call(m_view.flash, notice);
+}
+
+void WritingSession::setDirty(bool isDirty) {
+    m_isDirty = isDirty;
+    call(m_view.setEdited, isDirty);
+}
+
+}  // namespace velmar

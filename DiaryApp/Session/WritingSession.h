@@ -1,0 +1,143 @@
+// The writing session: one day and one of its years in view, the draft of that year, and when it
+// goes to disk. The text in the editor is the body of one year's section, never the whole file; a
+// save puts it into the file as it then is, so two machines that write different years of a day
+// can't overwrite each other.
+//
+// It knows no window: it tells a SessionView, and gets clock and timers from outside. Main thread.
+#pragma once
+
+#include <QtCore/QString>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "DiaryApp/Session/OneShotTimer.h"
+#include "DiaryApp/Session/SessionView.h"
+#include "DiaryKit/Vault/DiaryDay.h"
+#include "DiaryKit/Vault/DiaryStore.h"
+#include "DiaryKit/Vault/SectionSave.h"
+
+namespace velmar {
+
+// A year of the day in view, other than the current one, that has text.
+struct PastEntry {
+    int year = 0;
+    QString body;
+
+    bool operator==(const PastEntry&) const = default;
+};
+
+enum class Focus { Editor, Unchanged };
+
+class WritingSession {
+public:
+    static constexpr std::chrono::milliseconds saveDelay{1000};
+    static constexpr std::chrono::milliseconds remoteRefreshDelay{300};
+
+    struct Environment {
+        const diary::Clock* clock = &diary::Clock::system();
+        MakeOneShotTimer makeTimer = makeEventLoopTimer;
+        // The line that stands between two machines' texts of one year.
+        std::function<QString()> conflictMarker;
+    };
+
+    // The store must outlive the session. Nothing is opened yet; `open` is.
+    WritingSession(diary::DiaryStore& store, SessionView view, Environment environment);
+
+    [[nodiscard]] diary::DiaryStore& store() const { return m_store; }
+    [[nodiscard]] const diary::MonthDay& currentMonthDay() const { return m_monthDay; }
+    [[nodiscard]] int viewedYear() const { return m_viewedYear; }
+    // The whole day file as of the last load or the last good save.
+    [[nodiscard]] const QString& rawText() const { return m_rawText; }
+    [[nodiscard]] const QString& draft() const { return m_draft; }
+    [[nodiscard]] bool isDirty() const { return m_isDirty; }
+    [[nodiscard]] bool showSource() const { return m_showSource; }
+    [[nodiscard]] bool showAllYears() const { return m_showAllYears; }
+    [[nodiscard]] bool isImportWriting() const { return m_isImportWriting; }
+    [[nodiscard]] diary::DiaryDay today() const;
+
+    // The trimmed body of the year's first section in `rawText`, or an empty text.
+    [[nodiscard]] QString body(int ofYear) const;
+    // Newest year first.
+    [[nodiscard]] std::vector<PastEntry> pastEntries() const;
+
+    // Moves to a day, in the current year. The old day is saved first; if that fails, its draft is
+    // kept outside the vault. If even that fails, the day isn't left, and this is false.
+    bool open(const diary::MonthDay& monthDay, Focus focus);
+    // Moves to a year of the day in view, in one-year mode. False as above.
+    bool pickYear(int year, Focus focus);
+    void setAllYears(bool isOn);
+    void toggleSourceView();
+
+    void goPreviousDay() { open(m_monthDay.advanced(-1), Focus::Editor); }
+    void goNextDay() { open(m_monthDay.advanced(1), Focus::Editor); }
+    void goToToday() { open(today().monthDay(), Focus::Editor); }
+    // False if no day has content.
+    bool goToRandomDay();
+
+    // The editor's text after each edit.
+    void draftChanged(const QString& text);
+    // Writes the draft if it has changes. Safe to call at any time; never throws.
+    void flushSaveIfDirty();
+    // The last flush. A draft that still can't be saved is kept.
+    void close();
+
+    // A change in the vault's folder; refreshes after 0.3 seconds without another.
+    void scheduleRemoteRefresh();
+    void performRemoteRefresh();
+    // Takes the file again, unless there are unsaved changes.
+    void reloadFromDisk();
+
+    void applicationBecameActive() { performRemoteRefresh(); }
+    void applicationResignedActive() { flushSaveIfDirty(); }
+    void calendarDayChanged();
+
+    // An import or an undo is about to write day files. False if it must not: another one does, or
+    // the draft can't be saved.
+    [[nodiscard]] bool importWillWrite();
+    void importDidWrite();
+
+    // Puts a kept draft into the editor, behind what its year holds now, and saves.
+    void putBack(const diary::KeptText& kept);
+
+private:
+    [[nodiscard]] bool leaveDraft();
+    void keepDraft();
+    void loadDay();
+    void loadDraft();
+    void resolveConflicts();
+    [[nodiscard]] QString textToSave(const std::optional<diary::dayfile::Content>& existing,
+                                     diary::SectionSave& save);
+    void noteSaved(const diary::SectionSave& save, const diary::dayfile::Rewritten& written);
+    void noteFailed(const diary::FileError& error);
+    void offerKeptDraft();
+    void tell(SessionNotice notice) const;
+    void setDirty(bool isDirty);
+
+    diary::DiaryStore& m_store;
+    SessionView m_view;
+    Environment m_environment;
+
+    diary::MonthDay m_monthDay;
+    int m_viewedYear = 0;
+    QString m_rawText;
+    QString m_draft;
+    bool m_showSource = false;
+    bool m_showAllYears = false;
+    bool m_isDirty = false;
+    bool m_isImportWriting = false;
+    bool m_didReportSaveError = false;
+    std::optional<diary::FileStamp> m_loadedModificationDate;
+    // The viewed year's body as this stay found it, and as it last wrote it.
+    QString m_loadedBody;
+    std::optional<QString> m_writtenBody;
+    // What the last save of this stay put behind the header.
+    std::optional<QString> m_lastWritten;
+    // What a running save kept, told once it is done.
+    std::vector<SessionNotice> m_keptNotices;
+    std::unique_ptr<OneShotTimer> m_saveTimer;
+    std::unique_ptr<OneShotTimer> m_remoteRefreshTimer;
+};
+
+}  // namespace velmar
