@@ -38,11 +38,12 @@ bool markResolved(const ConflictVersions& versions, const ConflictVersion& versi
 
 }  // namespace
 
-DiaryStore::DiaryStore(const QString& rootURL, DownloadService downloads, const Clock& clock)
+DiaryStore::DiaryStore(const QString& rootURL, DownloadService downloads, const Clock& clock,
+                       std::optional<KeptTexts> keptTexts)
     : m_root(rootURL.isEmpty() ? defaultRoot() : rootURL),
       m_downloads(std::move(downloads)),
       m_clock(clock),
-      m_kept(m_root) {}
+      m_kept(keptTexts ? std::move(*keptTexts) : KeptTexts(m_root)) {}
 
 QString DiaryStore::fileURL(const MonthDay& day) const {
     return dayfile::path(m_root, day);

@@ -30,9 +30,11 @@ public:
         MergedAndKept,
     };
 
-    // Touches no file. Without a root the vault is Documents/Diary in the user's home.
+    // Touches no file. Without a root the vault is Documents/Diary in the user's home; without a
+    // place for kept texts it is the user's state folder.
     explicit DiaryStore(const QString& rootURL = {}, DownloadService downloads = {},
-                        const Clock& clock = Clock::system());
+                        const Clock& clock = Clock::system(),
+                        std::optional<KeptTexts> keptTexts = {});
 
     [[nodiscard]] const QString& rootURL() const { return m_root; }
     [[nodiscard]] const KeptTexts& keptTexts() const { return m_kept; }

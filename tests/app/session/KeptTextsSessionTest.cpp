@@ -1,0 +1,147 @@
+// What the session has to let go of is kept outside the vault first.
+#include "tests/app/session/SessionFixture.h"
+
+namespace velmar::test {
+namespace {
+
+using diary::KeptReason;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class KeptBySession : public SessionFixture {
+protected:
+    KeptBySession() { session->open(today, Focus::Editor); }
+};
+
+TEST_F(KeptBySession, AnotherMachinesTextOfTheYearInView)
+{
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbefore\n");
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("mine"));
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\ntheirs\n");
+    session->flushSaveIfDirty();
+    EXPECT_EQ(onDisk(2026), u"mine");
+    EXPECT_THAT(kept(KeptReason::Overwritten), ElementsAre(QStringLiteral("theirs")));
+    EXPECT_THAT(told.notices, ElementsAre(SessionNotice::KeptOverwritten));
+}
+
+TEST_F(KeptBySession, NothingOfWhatItLoadedOrWroteItself)
+{
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbefore\n");
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("once"));
+    session->flushSaveIfDirty();
+    session->draftChanged(QStringLiteral("twice"));
+    session->flushSaveIfDirty();
+    EXPECT_THAT(kept(KeptReason::Overwritten), IsEmpty());
+    EXPECT_THAT(told.notices, IsEmpty());
+}
+
+TEST_F(KeptBySession, TheBytesOfAFileThatIsNotUtf8)
+{
+    const QByteArray bytes("# 11-21\n\n## 2020\n\ncaf\xE9\n");
+    vault.write(QStringLiteral("11-21.md"), bytes);
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("mine"));
+    session->flushSaveIfDirty();
+    session->draftChanged(QStringLiteral("mine again"));
+    session->flushSaveIfDirty();
+    const auto texts = store.keptTexts().list(today.headerTitle(), KeptReason::Undecodable);
+    ASSERT_EQ(texts.size(), 1U);
+    QFile keptFile(texts[0].path);
+    ASSERT_TRUE(keptFile.open(QIODevice::ReadOnly));
+    EXPECT_EQ(keptFile.readAll(), bytes);
+    EXPECT_EQ(onDisk(2020), QStringLiteral("caf\uFFFD"));
+    EXPECT_THAT(told.notices, ElementsAre(SessionNotice::KeptUndecodable));
+}
+
+TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsDayIsLeft)
+{
+    blockFile(today);
+    session->draftChanged(QStringLiteral("precious"));
+    EXPECT_TRUE(session->open(MonthDay{3, 7}, Focus::Editor));
+    EXPECT_FALSE(session->isDirty());
+    EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
+    EXPECT_THAT(told.notices, ElementsAre(SessionNotice::KeptDraft));
+    session->flushSaveIfDirty();
+    EXPECT_FALSE(vault.exists(QStringLiteral("03-07.md")));
+}
+
+TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsYearIsLeft)
+{
+    blockFile(today);
+    session->draftChanged(QStringLiteral("precious"));
+    session->pickYear(2020, Focus::Editor);
+    EXPECT_EQ(session->draft(), QString());
+    unblockFile(today);
+    session->draftChanged(QStringLiteral("of 2020"));
+    session->flushSaveIfDirty();
+    EXPECT_EQ(onDisk(2020), u"of 2020");
+    EXPECT_EQ(onDisk(2026), QString());
+    EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
+}
+
+TEST_F(KeptBySession, ADraftThatCannotBeSavedAtTheEnd)
+{
+    blockFile(today);
+    session->draftChanged(QStringLiteral("precious"));
+    session->close();
+    EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
+}
+
+TEST_F(KeptBySession, ADraftIsOfferedWhenItsDayOpensAgainAndPutBack)
+{
+    blockFile(today);
+    session->draftChanged(QStringLiteral("precious"));
+    session->open(MonthDay{3, 7}, Focus::Editor);
+    EXPECT_FALSE(told.offered);
+    unblockFile(today);
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nthere\n");
+    session->open(today, Focus::Editor);
+    ASSERT_TRUE(told.offered);
+    session->putBack(diary::KeptText(*told.offered));
+    EXPECT_EQ(session->draft(), u"there\n\nprecious");
+    EXPECT_EQ(onDisk(2026), u"there\n\nprecious");
+    EXPECT_FALSE(told.offered);
+    session->open(today, Focus::Editor);
+    EXPECT_FALSE(told.offered);
+}
+
+TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept)
+{
+    diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
+    WritingSession::Environment environment;
+    environment.clock = &clock;
+    environment.makeTimer = timers.maker();
+    WritingSession stuck(nowhere, view(), environment);
+    stuck.open(today, Focus::Editor);
+    blockFile(today);
+    stuck.draftChanged(QStringLiteral("precious"));
+    EXPECT_FALSE(stuck.open(MonthDay{3, 7}, Focus::Editor));
+    EXPECT_FALSE(stuck.pickYear(2020, Focus::Editor));
+    EXPECT_EQ(stuck.draft(), u"precious");
+    EXPECT_EQ(stuck.currentMonthDay(), today);
+    EXPECT_EQ(told.notices.back(), SessionNotice::CannotLeave);
+    unblockFile(today);
+    EXPECT_TRUE(stuck.open(MonthDay{3, 7}, Focus::Editor));
+    EXPECT_EQ(onDisk(2026), u"precious");
+}
+
+TEST_F(KeptBySession, NothingIsOverwrittenThatCannotBeKept)
+{
+    diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
+    WritingSession::Environment environment;
+    environment.clock = &clock;
+    environment.makeTimer = timers.maker();
+    WritingSession stuck(nowhere, view(), environment);
+    stuck.open(today, Focus::Editor);
+    stuck.draftChanged(QStringLiteral("mine"));
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\ntheirs\n");
+    stuck.flushSaveIfDirty();
+    EXPECT_EQ(onDisk(2026), u"theirs");
+    EXPECT_TRUE(stuck.isDirty());
+    EXPECT_EQ(told.saveErrors, 1);
+}
+
+}  // namespace
+}  // namespace velmar::test
