@@ -15,14 +15,12 @@ public:
     TemporaryVault() { QDir().mkpath(path()); }
 
     [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("my väult")); }
-    [[nodiscard]] QString filePath(const QString& name) const
-    {
+    [[nodiscard]] QString filePath(const QString& name) const {
         return path() + QLatin1Char('/') + name;
     }
 
     // Writes the file in place, as a foreign program would.
-    void write(const QString& name, const QByteArray& bytes) const
-    {
+    void write(const QString& name, const QByteArray& bytes) const {
         const QString target = filePath(name);
         QDir().mkpath(target.section(QLatin1Char('/'), 0, -2));
         QFile file(target);
@@ -31,8 +29,7 @@ public:
     }
 
     // The file's bytes; a null array if it can't be read.
-    [[nodiscard]] QByteArray read(const QString& name) const
-    {
+    [[nodiscard]] QByteArray read(const QString& name) const {
         QFile file(filePath(name));
         if (!file.open(QIODevice::ReadOnly)) return {};
         const QByteArray bytes = file.readAll();
@@ -42,8 +39,7 @@ public:
     [[nodiscard]] bool exists(const QString& name) const { return QFile::exists(filePath(name)); }
 
     // All names in the vault, hidden ones too, sorted.
-    [[nodiscard]] QStringList names() const
-    {
+    [[nodiscard]] QStringList names() const {
         return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                                       QDir::Name);
     }
