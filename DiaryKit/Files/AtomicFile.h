@@ -13,19 +13,31 @@ namespace diary::atomicfile {
 enum class Durability {
     // The file's bytes and its name are on the disk when the call returns.
     Synced,
-    // The replacement is atomic; power loss may bring back the old bytes. For what can be remade.
+    // The replacement is atomic; power loss may bring back the old bytes, on some file systems an
+    // empty file. For what can be remade.
     Unsynced,
+};
+
+// The mode of a file that wasn't there before.
+enum class NewMode {
+    // 0666 less the process's mask.
+    ByMask,
+    // 0600, for what isn't meant for other users even if its folder is.
+    Private,
 };
 
 // Replaces the file's content: a hidden temporary in the same folder, written whole, synced,
 // renamed over, the folder synced. Keeps the mode (and owner, where this user may set it) of the
 // file it replaces; follows symbolic links to their target, which may not exist yet. On failure the
-// old file stands and no temporary is left. Gives the stamp of what it wrote, also if another
-// writer has replaced that by now. Throws FileError (Write). Blocks; any thread.
+// old file stands and no temporary is left; only if the very last step fails, syncing the folder,
+// the new bytes stand, though the disk may not hold them yet. Gives the stamp of what it wrote, also
+// if another writer has replaced that by now. Throws FileError (Write), with EISDIR or EINVAL where
+// a folder, a pipe or a device stands in the file's place. Blocks; any thread.
 FileStamp write(const QString& path, QByteArrayView bytes,
-                Durability durability = Durability::Synced);
+                Durability durability = Durability::Synced, NewMode newMode = NewMode::ByMask);
 
-// All bytes of the file. Throws FileError (Read); a missing file has the code ENOENT.
+// All bytes of the file. Throws FileError (Read); a missing file has the code ENOENT, a folder
+// EISDIR, a pipe or device EINVAL.
 [[nodiscard]] QByteArray read(const QString& path);
 
 // The same, absent if that fails.
@@ -35,9 +47,14 @@ FileStamp write(const QString& path, QByteArrayView bytes,
 // there. Throws FileError (MakeFolder).
 void makeFolder(const QString& path);
 
-// Moves a file within one file system, replacing what stands there; both folders are synced.
-// Throws FileError (Move).
-void move(const QString& from, const QString& to);
+// The same; the folders that it makes have the mode 0700.
+void makePrivateFolder(const QString& path);
+
+enum class Replacing { Yes, No };
+
+// Moves a file within one file system; both folders are synced. What stands in the new place is
+// replaced, or else the move fails with EEXIST. Throws FileError (Move).
+void move(const QString& from, const QString& to, Replacing replacing = Replacing::Yes);
 
 // Syncs a folder, so that names made or removed in it last. Throws FileError (Write).
 void syncFolder(const QString& path);

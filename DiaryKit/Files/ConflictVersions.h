@@ -12,7 +12,7 @@
 
 namespace diary {
 
-// How sure a name alone makes us.
+// How sure a name alone makes us, the surest first.
 enum class ConflictName {
     // Only sync services write such names.
     Certain,
@@ -26,7 +26,8 @@ enum class ConflictName {
 // possible, "03-12-2024.md" and "03-12 trip.md" none.
 [[nodiscard]] std::optional<ConflictName> conflictName(QStringView name, QStringView fileName);
 
-// The moment that the outermost tag of a copy's name tells, in local time; absent if it has none.
+// The moment that the outermost tag of a copy's name tells, in local time; a date alone gives the
+// beginning of that day. Absent if the tag has none.
 [[nodiscard]] std::optional<QDateTime> conflictMoment(QStringView name, QStringView fileName);
 
 // One unresolved version.
@@ -53,7 +54,8 @@ public:
 
     // Moves the version into `.velmar/conflicts/` of the vault, under its own name; one that stands
     // there already with other bytes keeps its name, and the new one gets a number. Nothing is ever
-    // deleted. Throws FileError (Move, MakeFolder).
+    // deleted but one of two files with the same bytes. Throws FileError (Move, MakeFolder); one
+    // that is gone, since another process was faster, has the code ENOENT.
     void markResolved(const ConflictVersion& version) const;
 
 private:

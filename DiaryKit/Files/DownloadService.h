@@ -10,7 +10,7 @@
 namespace diary {
 
 enum class DownloadState {
-    // No file and no placeholder, or a file without a placeholder beside it.
+    // The file is here, and no placeholder beside it.
     Current,
     // The file is here, and a placeholder too: the service may hold a newer one.
     Downloaded,
@@ -28,9 +28,10 @@ public:
     DownloadService() = default;
     explicit DownloadService(Request request) : m_request(std::move(request)) {}
 
-    // Absent if the file's folder can't be examined.
+    // Absent if neither the file nor a placeholder is there, or the folder can't be examined.
     [[nodiscard]] std::optional<DownloadState> state(const QString& path) const;
 
+    // Passes the request on; without one nothing happens.
     void startDownloading(const QString& path) const;
 
 private:

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <optional>
 
+struct stat;
+
 namespace diary {
 
 // The modification moment, with inode and size for two writes within one tick of the file
@@ -21,5 +23,8 @@ struct FileStamp {
 
 // The stamp of the file, links followed; absent if it can't be examined. Any thread.
 [[nodiscard]] std::optional<FileStamp> fileStamp(const QString& path);
+
+// The stamp in what stat(2) gave.
+[[nodiscard]] FileStamp fileStamp(const struct stat& status);
 
 }  // namespace diary

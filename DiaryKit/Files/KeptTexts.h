@@ -37,17 +37,20 @@ struct KeptText {
 class KeptTexts {
 public:
     // Folders are tried in their order until one takes the text; by default the user's state
-    // folder, then the runtime folder, then the temporary folder.
+    // folder, then the runtime folder, then the temporary folder. Empty paths are passed over.
     explicit KeptTexts(const QString& vault);
     KeptTexts(const QString& vault, QStringList baseFolders);
 
-    // Writes the bytes, synced. `day` is the day's title, "03-07". Bytes that the newest kept text
-    // of this day, year and reason holds already aren't written again. Throws FileError if no
-    // folder takes them.
+    // Writes the bytes, synced, to a file that only this user may read:
+    // "<base>/kept/Diary-<print of its path>/03-07/20260307-181530120 2024 draft.md", the moment in
+    // UTC; a name that is taken gets a number. `day` is the day's title, "03-07". Bytes that the
+    // newest kept text of this day, year and reason holds already, unless it was put back, aren't
+    // written again. Throws FileError, that of the first folder, if no folder takes them.
     KeptText keep(const QString& day, std::optional<int> year, KeptReason reason,
                   QByteArrayView bytes, const QDateTime& moment) const;
 
-    // The day's kept texts of one reason that weren't put back, oldest first.
+    // The day's kept texts of one reason that weren't put back, oldest first, from all folders.
+    // Empty ones are left out.
     [[nodiscard]] std::vector<KeptText> list(const QString& day, KeptReason reason) const;
 
     // Renames the file, so that `list` no longer gives it. Throws FileError (Move).

@@ -12,6 +12,8 @@ namespace diary {
 
 // The process that owns a temporary.
 struct ProcessIdentity {
+    // The machine's name, of letters, digits and hyphens, with a print of its machine id and of the
+    // pid namespace: sandboxes of one machine count their pids apart.
     QString host;
     // The machine's boot, so that a pid of an earlier boot isn't taken for a living one.
     QString boot;
@@ -21,11 +23,12 @@ struct ProcessIdentity {
 
     bool operator==(const ProcessIdentity&) const = default;
 
-    // This process.
+    // This process; after a fork the child. The reference stays good. Any thread.
     [[nodiscard]] static const ProcessIdentity& current();
 };
 
-// A name for a new temporary beside `fileName`. No two calls give the same.
+// A name for a new temporary beside `fileName`, shortened if the whole would be longer than file
+// systems take. No two calls give the same.
 [[nodiscard]] QString temporaryName(const QString& fileName, const ProcessIdentity& owner);
 
 // The owner in such a name, or nothing if it is no temporary's name.

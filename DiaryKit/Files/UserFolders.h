@@ -6,10 +6,14 @@
 
 namespace diary {
 
-// Where lock files live: $XDG_RUNTIME_DIR/velmar, else /run/user/<uid>/velmar, else a folder of
-// mode 0700 under the temporary folder that belongs to this user. Made if it is missing; an empty
-// text if none can be had.
+// Where lock files live: $XDG_RUNTIME_DIR/velmar, else /run/user/<uid>/velmar, else the temporary
+// folder below. A runtime folder that isn't this user's own is passed over. Made if it is missing;
+// an empty text if none can be had.
 [[nodiscard]] QString userRuntimeFolder();
+
+// A folder of mode 0700 under the system's temporary folder, $TMPDIR or /tmp, that belongs to this
+// user. Made if it is missing; an empty text if something else stands in its place.
+[[nodiscard]] QString userTemporaryFolder();
 
 // Where kept texts live: $XDG_STATE_HOME/velmar, else ~/.local/state/velmar. Not made.
 [[nodiscard]] QString userStateFolder();

@@ -12,8 +12,7 @@ const QString kCopy = QStringLiteral("11-21.sync-conflict-20261121-100000-ABCDEF
 
 class Conflicts : public SessionFixture {};
 
-TEST_F(Conflicts, AreMergedWhenTheDayOpens)
-{
+TEST_F(Conflicts, AreMergedWhenTheDayOpens) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nhere\n");
     vault.write(kCopy, "# 11-21\n\n## 2026\n\nthere\n");
     session->open(today, Focus::Editor);
@@ -23,8 +22,7 @@ TEST_F(Conflicts, AreMergedWhenTheDayOpens)
     EXPECT_TRUE(vault.exists(QStringLiteral(".velmar/conflicts/") + kCopy));
 }
 
-TEST_F(Conflicts, AreMergedOldestFirst)
-{
+TEST_F(Conflicts, AreMergedOldestFirst) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nhere\n");
     vault.write(QStringLiteral("11-21.sync-conflict-20261121-110000-ABCDEFG.md"),
                 "# 11-21\n\n## 2026\n\nsecond\n");
@@ -34,8 +32,7 @@ TEST_F(Conflicts, AreMergedOldestFirst)
               session->draft().indexOf(QLatin1String("second")));
 }
 
-TEST_F(Conflicts, AreMergedAtARefreshAndReloaded)
-{
+TEST_F(Conflicts, AreMergedAtARefreshAndReloaded) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nhere\n");
     session->open(today, Focus::Editor);
     vault.write(kCopy, "# 11-21\n\n## 2025\n\nthere\n");
@@ -44,8 +41,7 @@ TEST_F(Conflicts, AreMergedAtARefreshAndReloaded)
     EXPECT_THAT(told.notices, ElementsAre(SessionNotice::MergedRemote));
 }
 
-TEST_F(Conflicts, AreMergedIntoTheFileWhileDirtyAndKeptFromTheDraft)
-{
+TEST_F(Conflicts, AreMergedIntoTheFileWhileDirtyAndKeptFromTheDraft) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nhere\n");
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("here, more"));
@@ -58,15 +54,13 @@ TEST_F(Conflicts, AreMergedIntoTheFileWhileDirtyAndKeptFromTheDraft)
                 ElementsAre(QStringLiteral("here\n\n(also written elsewhere)\n\nthere")));
 }
 
-TEST_F(Conflicts, GiveADayItsTextWhoseFileIsMissing)
-{
+TEST_F(Conflicts, GiveADayItsTextWhoseFileIsMissing) {
     vault.write(QStringLiteral("11-21-fedora-safeBackup-0001.md"), "# 11-21\n\n## 2026\n\nthere\n");
     session->open(today, Focus::Editor);
     EXPECT_EQ(session->draft(), u"there");
 }
 
-TEST_F(Conflicts, AreLeftAloneWhereTheNameOnlyLooksLikeACopy)
-{
+TEST_F(Conflicts, AreLeftAloneWhereTheNameOnlyLooksLikeACopy) {
     vault.write(QStringLiteral("11-21-LAPTOP.md"), "a shopping list\n");
     vault.write(QStringLiteral("11-21-2024.md"), "# trip\n\n## 2024\n\na\n");
     session->open(today, Focus::Editor);
@@ -76,8 +70,7 @@ TEST_F(Conflicts, AreLeftAloneWhereTheNameOnlyLooksLikeACopy)
     EXPECT_TRUE(vault.exists(QStringLiteral("11-21-2024.md")));
 }
 
-TEST_F(Conflicts, AreKeptWhenTheMergeCannotBeSaved)
-{
+TEST_F(Conflicts, AreKeptWhenTheMergeCannotBeSaved) {
     vault.write(kCopy, "# 11-21\n\n## 2026\n\nthere\n");
     // A link into nowhere: it reads as a missing file and can't be written.
     ASSERT_TRUE(QFile::link(QStringLiteral("/proc/nowhere/11-21.md"), store.fileURL(today)));
@@ -88,8 +81,7 @@ TEST_F(Conflicts, AreKeptWhenTheMergeCannotBeSaved)
     EXPECT_TRUE(vault.exists(QStringLiteral(".velmar/conflicts/") + kCopy));
 }
 
-TEST_F(Conflicts, DoNotDoubleATextThatTwoMachinesTakeIn)
-{
+TEST_F(Conflicts, DoNotDoubleATextThatTwoMachinesTakeIn) {
     const QByteArray main("# 11-21\n\n## 2026\n\nhere\n");
     const QByteArray copy("# 11-21\n\n## 2026\n\nthere\n");
     vault.write(QStringLiteral("11-21.md"), main);

@@ -13,8 +13,7 @@ protected:
     KeptBySession() { session->open(today, Focus::Editor); }
 };
 
-TEST_F(KeptBySession, AnotherMachinesTextOfTheYearInView)
-{
+TEST_F(KeptBySession, AnotherMachinesTextOfTheYearInView) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbefore\n");
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("mine"));
@@ -25,8 +24,7 @@ TEST_F(KeptBySession, AnotherMachinesTextOfTheYearInView)
     EXPECT_THAT(told.notices, ElementsAre(SessionNotice::KeptOverwritten));
 }
 
-TEST_F(KeptBySession, NothingOfWhatItLoadedOrWroteItself)
-{
+TEST_F(KeptBySession, NothingOfWhatItLoadedOrWroteItself) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbefore\n");
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("once"));
@@ -37,8 +35,7 @@ TEST_F(KeptBySession, NothingOfWhatItLoadedOrWroteItself)
     EXPECT_THAT(told.notices, IsEmpty());
 }
 
-TEST_F(KeptBySession, TheBytesOfAFileThatIsNotUtf8)
-{
+TEST_F(KeptBySession, TheBytesOfAFileThatIsNotUtf8) {
     const QByteArray bytes("# 11-21\n\n## 2020\n\ncaf\xE9\n");
     vault.write(QStringLiteral("11-21.md"), bytes);
     session->open(today, Focus::Editor);
@@ -55,8 +52,7 @@ TEST_F(KeptBySession, TheBytesOfAFileThatIsNotUtf8)
     EXPECT_THAT(told.notices, ElementsAre(SessionNotice::KeptUndecodable));
 }
 
-TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsDayIsLeft)
-{
+TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsDayIsLeft) {
     blockFile(today);
     session->draftChanged(QStringLiteral("precious"));
     EXPECT_TRUE(session->open(MonthDay{3, 7}, Focus::Editor));
@@ -67,8 +63,7 @@ TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsDayIsLeft)
     EXPECT_FALSE(vault.exists(QStringLiteral("03-07.md")));
 }
 
-TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsYearIsLeft)
-{
+TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsYearIsLeft) {
     blockFile(today);
     session->draftChanged(QStringLiteral("precious"));
     session->pickYear(2020, Focus::Editor);
@@ -81,16 +76,14 @@ TEST_F(KeptBySession, ADraftThatCannotBeSavedWhenItsYearIsLeft)
     EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
 }
 
-TEST_F(KeptBySession, ADraftThatCannotBeSavedAtTheEnd)
-{
+TEST_F(KeptBySession, ADraftThatCannotBeSavedAtTheEnd) {
     blockFile(today);
     session->draftChanged(QStringLiteral("precious"));
     session->close();
     EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
 }
 
-TEST_F(KeptBySession, ADraftIsOfferedWhenItsDayOpensAgainAndPutBack)
-{
+TEST_F(KeptBySession, ADraftIsOfferedWhenItsDayOpensAgainAndPutBack) {
     blockFile(today);
     session->draftChanged(QStringLiteral("precious"));
     session->open(MonthDay{3, 7}, Focus::Editor);
@@ -107,8 +100,7 @@ TEST_F(KeptBySession, ADraftIsOfferedWhenItsDayOpensAgainAndPutBack)
     EXPECT_FALSE(told.offered);
 }
 
-TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept)
-{
+TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept) {
     diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
     WritingSession::Environment environment;
     environment.clock = &clock;
@@ -127,8 +119,7 @@ TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept)
     EXPECT_EQ(onDisk(2026), u"precious");
 }
 
-TEST_F(KeptBySession, NothingIsOverwrittenThatCannotBeKept)
-{
+TEST_F(KeptBySession, NothingIsOverwrittenThatCannotBeKept) {
     diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
     WritingSession::Environment environment;
     environment.clock = &clock;

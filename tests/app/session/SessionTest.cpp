@@ -10,16 +10,14 @@ using testing::ElementsAre;
 class Session : public SessionFixture {
 protected:
     // As another machine would, whose sync service puts the whole file in place.
-    void writeRemotely(int year, QStringView body, const MonthDay& day = today) const
-    {
-        const QString before = file(day).isEmpty() ? QStringLiteral("# ") + day.headerTitle() + u'\n'
-                                                   : file(day);
+    void writeRemotely(int year, QStringView body, const MonthDay& day = today) const {
+        const QString before =
+            file(day).isEmpty() ? QStringLiteral("# ") + day.headerTitle() + u'\n' : file(day);
         vault.write(day.fileName(), replacingBody(body, year, day, before).toUtf8());
     }
 };
 
-TEST_F(Session, OpensADayInTheCurrentYear)
-{
+TEST_F(Session, OpensADayInTheCurrentYear) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nold\n\n## 2026\n\nnew\n");
     session->open(today, Focus::Editor);
     session->pickYear(2020, Focus::Unchanged);
@@ -30,8 +28,7 @@ TEST_F(Session, OpensADayInTheCurrentYear)
     EXPECT_EQ(told.focused, 1);
 }
 
-TEST_F(Session, RendersInOrderWhenADayOpens)
-{
+TEST_F(Session, RendersInOrderWhenADayOpens) {
     session->open(today, Focus::Editor);
     EXPECT_THAT(told.renders, ElementsAre(QStringLiteral("topBar"), QStringLiteral("sidebar"),
                                           QStringLiteral("entry"), QStringLiteral("rail"),
@@ -39,8 +36,7 @@ TEST_F(Session, RendersInOrderWhenADayOpens)
     EXPECT_EQ(told.scrolled, 1);
 }
 
-TEST_F(Session, LeavesNoFileForADayThatWasTypedIntoAndClearedAgain)
-{
+TEST_F(Session, LeavesNoFileForADayThatWasTypedIntoAndClearedAgain) {
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("a"));
     session->draftChanged(QString());
@@ -49,8 +45,7 @@ TEST_F(Session, LeavesNoFileForADayThatWasTypedIntoAndClearedAgain)
     EXPECT_FALSE(session->isDirty());
 }
 
-TEST_F(Session, LeavesAnEmptyHeaderInAFileThatExisted)
-{
+TEST_F(Session, LeavesAnEmptyHeaderInAFileThatExisted) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nold\n");
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("a"));
@@ -59,8 +54,7 @@ TEST_F(Session, LeavesAnEmptyHeaderInAFileThatExisted)
     EXPECT_EQ(file(), u"# 11-21\n\n## 2020\n\nold\n\n## 2026\n\n");
 }
 
-TEST_F(Session, MakesTheVaultAtTheFirstRealSave)
-{
+TEST_F(Session, MakesTheVaultAtTheFirstRealSave) {
     QDir(vault.path()).removeRecursively();
     session->open(today, Focus::Editor);
     EXPECT_FALSE(QDir(vault.path()).exists());
@@ -69,8 +63,7 @@ TEST_F(Session, MakesTheVaultAtTheFirstRealSave)
     EXPECT_EQ(onDisk(2026), u"first");
 }
 
-TEST_F(Session, KeepsAnotherYearThatArrivedWhileDirty)
-{
+TEST_F(Session, KeepsAnotherYearThatArrivedWhileDirty) {
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("mine"));
     writeRemotely(2025, u"theirs");
@@ -82,16 +75,14 @@ TEST_F(Session, KeepsAnotherYearThatArrivedWhileDirty)
     EXPECT_TRUE(told.notices.empty());
 }
 
-TEST_F(Session, TakesARemoteChangeWhileClean)
-{
+TEST_F(Session, TakesARemoteChangeWhileClean) {
     session->open(today, Focus::Editor);
     writeRemotely(2026, u"theirs");
     session->performRemoteRefresh();
     EXPECT_EQ(session->draft(), u"theirs");
 }
 
-TEST_F(Session, TakesARemoteChangeThatIsDatedEarlier)
-{
+TEST_F(Session, TakesARemoteChangeThatIsDatedEarlier) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nnow\n");
     session->open(today, Focus::Editor);
     writeRemotely(2026, u"from an older backup");
@@ -104,8 +95,7 @@ TEST_F(Session, TakesARemoteChangeThatIsDatedEarlier)
     EXPECT_EQ(session->draft(), u"from an older backup");
 }
 
-TEST_F(Session, DoesNotReloadForItsOwnWrite)
-{
+TEST_F(Session, DoesNotReloadForItsOwnWrite) {
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("words "));
     session->flushSaveIfDirty();
@@ -113,8 +103,7 @@ TEST_F(Session, DoesNotReloadForItsOwnWrite)
     EXPECT_EQ(session->draft(), u"words ");
 }
 
-TEST_F(Session, MakesOneRefreshOfTwoNotices)
-{
+TEST_F(Session, MakesOneRefreshOfTwoNotices) {
     session->open(today, Focus::Editor);
     told.renders.clear();
     session->scheduleRemoteRefresh();
@@ -126,8 +115,7 @@ TEST_F(Session, MakesOneRefreshOfTwoNotices)
     EXPECT_THAT(told.renders, ElementsAre(QStringLiteral("sidebar")));
 }
 
-TEST_F(Session, ReportsTheFirstFailureOnceAndForgetsItAfterASuccess)
-{
+TEST_F(Session, ReportsTheFirstFailureOnceAndForgetsItAfterASuccess) {
     session->open(today, Focus::Editor);
     blockFile(today);
     session->draftChanged(QStringLiteral("a"));
@@ -148,8 +136,7 @@ TEST_F(Session, ReportsTheFirstFailureOnceAndForgetsItAfterASuccess)
     EXPECT_EQ(told.saveErrors, 2);
 }
 
-TEST_F(Session, NeverWritesATemplateOverAFileThatItCouldNotRead)
-{
+TEST_F(Session, NeverWritesATemplateOverAFileThatItCouldNotRead) {
     blockFile(today);
     session->open(today, Focus::Editor);
     EXPECT_EQ(session->draft(), QString());
@@ -159,8 +146,7 @@ TEST_F(Session, NeverWritesATemplateOverAFileThatItCouldNotRead)
     EXPECT_TRUE(session->isDirty());
 }
 
-TEST_F(Session, StartsNoImportOnTextThatCannotBeSaved)
-{
+TEST_F(Session, StartsNoImportOnTextThatCannotBeSaved) {
     session->open(today, Focus::Editor);
     blockFile(today);
     session->draftChanged(QStringLiteral("a"));
@@ -172,8 +158,7 @@ TEST_F(Session, StartsNoImportOnTextThatCannotBeSaved)
     EXPECT_FALSE(session->importWillWrite());
 }
 
-TEST_F(Session, ReloadsTheDayAfterAnImport)
-{
+TEST_F(Session, ReloadsTheDayAfterAnImport) {
     session->open(today, Focus::Editor);
     ASSERT_TRUE(session->importWillWrite());
     writeRemotely(2026, u"imported");
@@ -182,8 +167,7 @@ TEST_F(Session, ReloadsTheDayAfterAnImport)
     EXPECT_EQ(session->draft(), u"imported");
 }
 
-TEST_F(Session, StaysOnItsDayWhenTheCalendarDayChanges)
-{
+TEST_F(Session, StaysOnItsDayWhenTheCalendarDayChanges) {
     session->open(today, Focus::Editor);
     clock.set(QDateTime(QDate(2026, 11, 22), QTime(0, 0), Qt::UTC));
     told.renders.clear();
@@ -200,8 +184,7 @@ TEST_F(Session, StaysOnItsDayWhenTheCalendarDayChanges)
     EXPECT_EQ(session->currentMonthDay(), (MonthDay{11, 22}));
 }
 
-TEST_F(Session, KeepsTheYearInViewOverTheTurnOfTheYear)
-{
+TEST_F(Session, KeepsTheYearInViewOverTheTurnOfTheYear) {
     clock.set(QDateTime(QDate(2026, 12, 31), QTime(23, 59), Qt::UTC));
     session->open(MonthDay{12, 31}, Focus::Editor);
     session->draftChanged(QStringLiteral("midnight"));
@@ -212,8 +195,7 @@ TEST_F(Session, KeepsTheYearInViewOverTheTurnOfTheYear)
     EXPECT_EQ(onDisk(2027, MonthDay{12, 31}), QString());
 }
 
-TEST_F(Session, WalksTheDaysOfTheCycle)
-{
+TEST_F(Session, WalksTheDaysOfTheCycle) {
     session->open(MonthDay{1, 1}, Focus::Editor);
     session->goPreviousDay();
     EXPECT_EQ(session->currentMonthDay(), (MonthDay{12, 31}));
@@ -222,8 +204,7 @@ TEST_F(Session, WalksTheDaysOfTheCycle)
     EXPECT_EQ(session->currentMonthDay(), (MonthDay{2, 29}));
 }
 
-TEST_F(Session, FindsNoRandomDayInAnEmptyDiary)
-{
+TEST_F(Session, FindsNoRandomDayInAnEmptyDiary) {
     session->open(today, Focus::Editor);
     EXPECT_FALSE(session->goToRandomDay());
     vault.write(QStringLiteral("03-07.md"), "# 03-07\n\n## 2020\n\na\n");
@@ -232,27 +213,23 @@ TEST_F(Session, FindsNoRandomDayInAnEmptyDiary)
     EXPECT_EQ(session->currentMonthDay(), (MonthDay{3, 7}));
 }
 
-TEST_F(Session, ListsPastEntriesNewestFirstWithoutThisYearAndBlanks)
-{
+TEST_F(Session, ListsPastEntriesNewestFirstWithoutThisYearAndBlanks) {
     vault.write(QStringLiteral("11-21.md"),
                 "## 2020\na\n## 2026\nnow\n## 2023\n\n## 2024\nb\n## 2030\nlater\n");
     session->open(today, Focus::Editor);
-    EXPECT_EQ(session->pastEntries(),
-              (std::vector<PastEntry>{{2030, QStringLiteral("later")},
-                                      {2024, QStringLiteral("b")},
-                                      {2020, QStringLiteral("a")}}));
+    EXPECT_EQ(session->pastEntries(), (std::vector<PastEntry>{{2030, QStringLiteral("later")},
+                                                              {2024, QStringLiteral("b")},
+                                                              {2020, QStringLiteral("a")}}));
 }
 
-TEST_F(Session, ClearsSearchMarksAtTheFirstEditOnly)
-{
+TEST_F(Session, ClearsSearchMarksAtTheFirstEditOnly) {
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("a"));
     session->draftChanged(QStringLiteral("ab"));
     EXPECT_EQ(told.highlightsCleared, 1);
 }
 
-TEST_F(Session, ShowsSourceOrAllYearsButNeverBoth)
-{
+TEST_F(Session, ShowsSourceOrAllYearsButNeverBoth) {
     session->open(today, Focus::Editor);
     session->toggleSourceView();
     EXPECT_TRUE(session->showSource());
@@ -262,8 +239,7 @@ TEST_F(Session, ShowsSourceOrAllYearsButNeverBoth)
     EXPECT_FALSE(session->showAllYears());
 }
 
-TEST_F(Session, WritesAFenceThatIsLeftOpenWithItsEnd)
-{
+TEST_F(Session, WritesAFenceThatIsLeftOpenWithItsEnd) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\na\n\n## 2027\n\nlater\n");
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("```\ncode"));
@@ -276,8 +252,7 @@ TEST_F(Session, WritesAFenceThatIsLeftOpenWithItsEnd)
     EXPECT_TRUE(told.notices.empty());
 }
 
-TEST_F(Session, MakesAYearOfItsOwnOutOfATypedHeaderWhenTheDayOpensAgain)
-{
+TEST_F(Session, MakesAYearOfItsOwnOutOfATypedHeaderWhenTheDayOpensAgain) {
     session->open(today, Focus::Editor);
     const QString typed = QStringLiteral("foo\n## 2024\nbar");
     for (qsizetype length = 1; length <= typed.size(); ++length) {

@@ -1,0 +1,148 @@
+#include "DiaryKit/Files/FileCoordinator.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QFile>
+#include <vector>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Files/Descriptor.h"
+#include "DiaryKit/Files/UserFolders.h"
+#include "DiaryKit/Foundation/FileError.h"
+
+namespace diary {
+
+namespace {
+
+enum class Access { Shared, Exclusive };
+
+// A vault that the calling thread holds.
+struct Held {
+    QString lockPath;
+    int descriptor = -1;
+    Access access = Access::Shared;
+};
+
+// Innermost last. Accesses end in the reverse of their order, so places in it stay good.
+thread_local std::vector<Held> t_held;
+
+int lock(int descriptor, Access access) {
+    const int operation = access == Access::Exclusive ? LOCK_EX : LOCK_SH;
+    return uninterrupted([&] { return ::flock(descriptor, operation); });
+}
+
+[[noreturn]] void fail(const QString& lockPath) {
+    throw FileError(FileOperation::Coordinate, lockPath, errno);
+}
+
+Descriptor openedLockFile(const QString& lockPath) {
+    if (lockPath.isEmpty()) throw FileError(FileOperation::Coordinate, lockPath, ENOENT);
+    // The sticky bit tells those who clean up runtime folders to let the file be.
+    constexpr mode_t kMode = S_ISVTX | S_IRUSR | S_IWUSR;
+    const QByteArray name = QFile::encodeName(lockPath);
+    const auto open = [&] {
+        return uninterrupted([&] {
+            return ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, kMode);
+        });
+    };
+    Descriptor file(open());
+    if (!file.isOpen() && errno == ENOENT) {
+        try {
+            atomicfile::makePrivateFolder(lockPath.section(QLatin1Char('/'), 0, -2));
+        } catch (const FileError& error) {
+            throw FileError(FileOperation::Coordinate, error.path(), error.code());
+        }
+        file = Descriptor(open());
+    }
+    if (!file.isOpen()) fail(lockPath);
+    return file;
+}
+
+// The lock file, locked. One that somebody removed while we waited for it excludes nobody who
+// comes later, so then it all begins anew.
+Descriptor lockedFile(const QString& lockPath, Access access) {
+    for (;;) {
+        Descriptor file = openedLockFile(lockPath);
+        if (lock(file.number(), access) != 0) fail(lockPath);
+        struct stat status {};
+        if (::fstat(file.number(), &status) != 0) fail(lockPath);
+        if (status.st_nlink > 0) return file;
+    }
+}
+
+// Stands for an outermost access: the thread holds the vault as long as it lives.
+class Hold {
+public:
+    Hold(const QString& lockPath, Access access) : m_file(lockedFile(lockPath, access)) {
+        t_held.push_back({lockPath, m_file.number(), access});
+    }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+    ~Hold() { t_held.pop_back(); }
+
+private:
+    Descriptor m_file;
+};
+
+// Makes a held reading access a writing one as long as it lives.
+class Promotion {
+public:
+    explicit Promotion(std::size_t place) : m_place(place) {
+        if (lock(held().descriptor, Access::Exclusive) != 0) {
+            const int code = errno;
+            // The system may have let go of the shared lock already.
+            lock(held().descriptor, Access::Shared);
+            errno = code;
+            fail(held().lockPath);
+        }
+        held().access = Access::Exclusive;
+    }
+    Promotion(const Promotion&) = delete;
+    Promotion& operator=(const Promotion&) = delete;
+    ~Promotion() {
+        held().access = Access::Shared;
+        lock(held().descriptor, Access::Shared);
+    }
+
+private:
+    [[nodiscard]] Held& held() const { return t_held[m_place]; }
+
+    std::size_t m_place;
+};
+
+void coordinate(const QString& lockPath, Access access, const std::function<void()>& accessor) {
+    const auto held = std::ranges::find(t_held, lockPath, &Held::lockPath);
+    if (held == t_held.end()) {
+        const Hold hold(lockPath, access);
+        accessor();
+    } else if (access == Access::Shared || held->access == Access::Exclusive) {
+        accessor();
+    } else {
+        const Promotion promotion(static_cast<std::size_t>(held - t_held.begin()));
+        accessor();
+    }
+}
+
+}  // namespace
+
+FileCoordinator::FileCoordinator(const QString& root) {
+    const QByteArray key =
+        QCryptographicHash::hash(QFile::encodeName(resolvedPath(root)), QCryptographicHash::Sha256);
+    const QString folder = userRuntimeFolder();
+    // Without a folder the path stays empty, and each access says so.
+    if (folder.isEmpty()) return;
+    m_lockPath = QStringLiteral("%1/locks/%2.lock").arg(folder, QString::fromLatin1(key.toHex()));
+}
+
+void FileCoordinator::coordinateReading(const std::function<void()>& accessor) const {
+    coordinate(m_lockPath, Access::Shared, accessor);
+}
+
+void FileCoordinator::coordinateWriting(const std::function<void()>& accessor) const {
+    coordinate(m_lockPath, Access::Exclusive, accessor);
+}
+
+}  // namespace diary
