@@ -11,14 +11,12 @@ namespace velmar::test {
 class ManualTimers {
 public:
     // For WritingSession::Environment. The timers must not outlive this object.
-    MakeOneShotTimer maker()
-    {
+    MakeOneShotTimer maker() {
         return [this] { return std::make_unique<Timer>(*this); };
     }
 
     // Moves time on and fires what falls due, in order.
-    void advance(std::chrono::milliseconds by)
-    {
+    void advance(std::chrono::milliseconds by) {
         const auto target = m_now + by;
         for (Timer* due = next(target); due; due = next(target)) {
             m_now = due->m_due;
@@ -28,8 +26,7 @@ public:
         m_now = target;
     }
 
-    [[nodiscard]] int armedCount() const
-    {
+    [[nodiscard]] int armedCount() const {
         return static_cast<int>(std::count_if(m_timers.begin(), m_timers.end(),
                                               [](const Timer* timer) { return timer->m_isArmed; }));
     }
@@ -40,8 +37,7 @@ private:
         explicit Timer(ManualTimers& owner) : m_owner(owner) { m_owner.m_timers.push_back(this); }
         ~Timer() override { std::erase(m_owner.m_timers, this); }
 
-        void start(std::chrono::milliseconds delay, std::function<void()> fire) override
-        {
+        void start(std::chrono::milliseconds delay, std::function<void()> fire) override {
             m_due = m_owner.m_now + delay;
             m_fire = std::move(fire);
             m_isArmed = true;
@@ -55,8 +51,7 @@ private:
         bool m_isArmed = false;
     };
 
-    Timer* next(std::chrono::milliseconds until)
-    {
+    Timer* next(std::chrono::milliseconds until) {
         Timer* found = nullptr;
         for (Timer* timer : m_timers) {
             if (!timer->m_isArmed || timer->m_due > until) continue;

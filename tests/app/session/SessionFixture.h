@@ -33,8 +33,7 @@ protected:
 
     SessionFixture() { session = makeSession(); }
 
-    std::unique_ptr<WritingSession> makeSession()
-    {
+    std::unique_ptr<WritingSession> makeSession() {
         WritingSession::Environment environment;
         environment.clock = &clock;
         environment.makeTimer = timers.maker();
@@ -42,8 +41,7 @@ protected:
         return std::make_unique<WritingSession>(store, view(), environment);
     }
 
-    SessionView view()
-    {
+    SessionView view() {
         const auto render = [this](const char* name) {
             return [this, name] { told.renders.append(QLatin1String(name)); };
         };
@@ -67,23 +65,19 @@ protected:
 
     // Puts a folder where the day's file belongs, so that it can be neither read nor written,
     // whoever runs the test.
-    void blockFile(const MonthDay& day) const
-    {
+    void blockFile(const MonthDay& day) const {
         QFile::remove(store.fileURL(day));
         QDir().mkpath(store.fileURL(day) + QLatin1String("/in the way"));
     }
     void unblockFile(const MonthDay& day) const { QDir(store.fileURL(day)).removeRecursively(); }
 
-    [[nodiscard]] QString file(const MonthDay& day = today) const
-    {
+    [[nodiscard]] QString file(const MonthDay& day = today) const {
         return QString::fromUtf8(vault.read(day.fileName()));
     }
-    [[nodiscard]] QString onDisk(int year, const MonthDay& day = today) const
-    {
+    [[nodiscard]] QString onDisk(int year, const MonthDay& day = today) const {
         return diary::YearSectionParser::body(year, file(day));
     }
-    [[nodiscard]] QStringList kept(diary::KeptReason reason, const MonthDay& day = today) const
-    {
+    [[nodiscard]] QStringList kept(diary::KeptReason reason, const MonthDay& day = today) const {
         QStringList texts;
         for (const diary::KeptText& one : store.keptTexts().list(day.headerTitle(), reason)) {
             QFile keptFile(one.path);
