@@ -1,0 +1,81 @@
+#include "DiaryApp/Appearance/Fonts.h"
+
+#include <QtCore/QDir>
+#include <QtGui/QFontDatabase>
+#include <cmath>
+
+namespace velmar::fonts {
+
+namespace {
+
+Language& language() {
+    static Language current = Language::en;
+    return current;
+}
+
+QString cjk(const QString& kind) {
+    const QLatin1String region(language() == Language::ja ? "JP" : "SC");
+    return QStringLiteral("Noto %1 CJK %2").arg(kind, region);
+}
+
+QFont make(const QString& family, const QString& behind, double size, QFont::Weight weight) {
+    QFont font;
+    font.setFamilies({family, behind});
+    font.setPixelSize(pixelSize(size));
+    font.setWeight(weight);
+    return font;
+}
+
+}  // namespace
+
+void load() {
+    static bool isLoaded = false;
+    if (std::exchange(isLoaded, true)) return;
+    const QDir folder(QStringLiteral(":/fonts"));
+    for (const QString& name : folder.entryList()) {
+        QFontDatabase::addApplicationFont(folder.filePath(name));
+    }
+}
+
+void setLanguage(Language chosen) {
+    language() = chosen;
+}
+
+QFont body(const Settings& settings, double size) {
+    const QStringList preferred = {settings.bodyFontFamily().value_or(QString()),
+                                   QStringLiteral("PingFang SC"), QStringLiteral("Songti SC")};
+    for (const QString& family : preferred) {
+        if (!family.isEmpty() && QFontDatabase::hasFamily(family)) {
+            return make(family, cjk(QStringLiteral("Serif")), size, QFont::Normal);
+        }
+    }
+    return serif(size);
+}
+
+QFont serif(double size, QFont::Weight weight) {
+    return make(QStringLiteral("Source Serif 4"), cjk(QStringLiteral("Serif")), size, weight);
+}
+
+QFont sans(double size, QFont::Weight weight) {
+    return make(QStringLiteral("Source Sans 3"), cjk(QStringLiteral("Sans")), size, weight);
+}
+
+QFont mono(double size, QFont::Weight weight) {
+    return make(QStringLiteral("IBM Plex Mono"), cjk(QStringLiteral("Sans")), size, weight);
+}
+
+QFont spaced(QFont font, double spacing) {
+    font.setLetterSpacing(QFont::AbsoluteSpacing, spacing);
+    return font;
+}
+
+int pixelSize(double size) {
+    return qMax(1, static_cast<int>(std::floor(size + 0.5)));
+}
+
+double baseline(const QFont& font, double lineHeight) {
+    const QFontMetricsF metrics(font);
+    return (lineHeight - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent();
+}
+
+}  // namespace velmar::fonts

@@ -1,0 +1,60 @@
+#include "DiaryApp/Appearance/TextPainter.h"
+
+#include <QtGui/QTextLayout>
+#include <algorithm>
+
+#include "DiaryApp/Appearance/Fonts.h"
+
+namespace velmar {
+
+namespace {
+
+// Lays the text out at the width and returns the number of its lines.
+int layOut(QTextLayout& layout, const TextLook& look, double width) {
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    int count = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        const double baseline = fonts::baseline(look.font, look.lineHeight);
+        line.setPosition({0, count * look.lineHeight + baseline - line.ascent()});
+        ++count;
+    }
+    layout.endLayout();
+    return count;
+}
+
+}  // namespace
+
+void paintLine(QPainter& painter, const QRectF& rect, const QString& text, const TextLook& look,
+               Qt::Alignment alignment) {
+    const QFontMetricsF metrics(look.font);
+    const QString shown = metrics.elidedText(text, Qt::ElideRight, rect.width() + 0.5);
+    const double slack = rect.width() - metrics.horizontalAdvance(shown);
+    const double x = rect.left() + (alignment.testFlag(Qt::AlignRight) ? slack : 0);
+    painter.setFont(look.font);
+    painter.setPen(theme::color(look.color));
+    painter.drawText(QPointF(x, rect.top() + fonts::baseline(look.font, look.lineHeight)), shown);
+}
+
+void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text,
+                    const TextLook& look) {
+    QTextLayout layout(text, look.font);
+    layOut(layout, look, rect.width());
+    painter.setPen(theme::color(look.color));
+    layout.draw(&painter, rect.topLeft());
+}
+
+double paragraphHeight(const QString& text, const TextLook& look, double width) {
+    QTextLayout layout(text, look.font);
+    return std::max(1, layOut(layout, look, width)) * look.lineHeight;
+}
+
+void paintHairline(QPainter& painter, const QPointF& from, double width, Token color) {
+    const double pixel = 1 / painter.device()->devicePixelRatioF();
+    painter.fillRect(QRectF(from, QSizeF(width, pixel)), theme::color(color));
+}
+
+}  // namespace velmar

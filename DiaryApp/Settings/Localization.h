@@ -1,0 +1,43 @@
+// The language of the interface, which the user may choose apart from the system's, and the texts
+// in it. Texts are looked up with qtTrId(); one that is missing shows its key. Main thread only.
+#pragma once
+
+#include <QtCore/QLocale>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <optional>
+
+#include "DiaryApp/Settings/Settings.h"
+
+namespace velmar {
+
+enum class Language { en, zhHans, ja };
+
+namespace localization {
+
+// "zh-Hans", "en", "ja", exactly; anything else is no supported language.
+[[nodiscard]] std::optional<Language> parse(QStringView code);
+[[nodiscard]] QString code(Language language);
+[[nodiscard]] QLocale locale(Language language);
+
+// DIARY_LANGUAGE if it is supported, else the user's choice if it is.
+[[nodiscard]] std::optional<Language> overrideLanguage(const Settings& settings);
+
+// The override, or else the first of the system's languages ("zh-CN", "ja", "en-GB") that the
+// interface has; English if it has none of them.
+[[nodiscard]] Language effectiveLanguage(const Settings& settings,
+                                         const QStringList& systemLanguages);
+
+// The same with the machine's own list.
+[[nodiscard]] Language effectiveLanguage(const Settings& settings);
+
+// Makes qtTrId() answer in this language from now on. Texts on screen stay until they are set
+// again; widgets get a LanguageChange event for that.
+void install(Language language);
+
+// The language installed last; English before the first.
+[[nodiscard]] Language installedLanguage();
+
+}  // namespace localization
+
+}  // namespace velmar
