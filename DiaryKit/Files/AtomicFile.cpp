@@ -131,7 +131,7 @@ void takeOver(const Descriptor& file, const struct stat& old) {
     if (!isOwn && ::fchown(number, old.st_uid, old.st_gid) != 0) {
         (void)!::fchown(number, static_cast<uid_t>(-1), old.st_gid);
     }
-    (void)::fchmod(number, old.st_mode & 07777);
+    (void)::fchmod(number, old.st_mode & 0777);
 }
 
 // Any file in the target's place must be one that a rename may replace without a surprise.
