@@ -1,0 +1,54 @@
+#include "DiaryKit/Foundation/TextSets.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Printing.h"
+
+namespace diary::text {
+namespace {
+
+TEST(TextSets, TrimBodiesOfWhitespaceNewlinesAndTabs) {
+    EXPECT_EQ(trimmed(u"\n a b\t\n"), u"a b");
+    EXPECT_EQ(trimmed(u"\u3000\u00A0\u2028\u0085\u200B"), u"\u200B");
+    EXPECT_EQ(trimmed(u" \n\t"), u"");
+    EXPECT_EQ(trimmed(u"\U0001F600 "), u"\U0001F600");
+}
+
+TEST(TextSets, TrimBlanksButNotLineEnds) {
+    EXPECT_EQ(trimmedOfBlanks(u" \t\u3000a\n "), u"a\n");
+    EXPECT_EQ(trimmedOfBlanks(u"\r"), u"\r");
+}
+
+TEST(TextSets, CountAWhiteCharacterUnderAMarkAsContent) {
+    EXPECT_EQ(withoutLeadingWhiteSpace(u"  \u0301a"), u" \u0301a");
+    EXPECT_EQ(withoutLeadingWhiteSpace(u"\n\u0301a"), u"\u0301a");
+    EXPECT_EQ(withoutTrailingWhiteSpace(u"a \u0301"), u"a \u0301");
+    EXPECT_EQ(withoutTrailingWhiteSpace(u"a\u0600  "), u"a\u0600 ");
+    EXPECT_EQ(withoutTrailingWhiteSpace(u"a\u0600\n"), u"a\u0600");
+    EXPECT_EQ(withoutTrailingWhiteSpace(u"a \r\n\t"), u"a");
+}
+
+TEST(TextSets, CountCharactersAsReadersDo) {
+    EXPECT_EQ(contentCharacterCount(u""), 0);
+    EXPECT_EQ(contentCharacterCount(u" a\nb\r\n"), 2);
+    EXPECT_EQ(contentCharacterCount(u"e\u0301"), 1);
+    EXPECT_EQ(contentCharacterCount(u"日記 😀"), 3);
+    EXPECT_EQ(contentCharacterCount(u"👨\u200D👩\u200D👧"), 1);
+}
+
+TEST(TextSets, CompareCanonically) {
+    EXPECT_TRUE(canonicallyEqual(u"caf\u00E9", u"cafe\u0301"));
+    EXPECT_TRUE(canonicallyEqual(u"\uAC00", u"\u1100\u1161"));
+    EXPECT_FALSE(canonicallyEqual(u"\uFB01", u"fi"));
+    EXPECT_FALSE(canonicallyEqual(u"a", u"b"));
+}
+
+TEST(TextSets, EndLinesAtALoneLfOnly) {
+    EXPECT_EQ(indexOfLineEnd(u"a\nb", 0), 1);
+    EXPECT_EQ(indexOfLineEnd(u"a\r\nb\nc", 0), 4);
+    EXPECT_EQ(indexOfLineEnd(u"a\r\nb", 0), -1);
+    EXPECT_EQ(indexOfLineEnd(u"\n", 0), 0);
+}
+
+}  // namespace
+}  // namespace diary::text
