@@ -71,6 +71,37 @@ bool isControl(char32_t codePoint) {
     return kind == U_GCB_CONTROL || kind == U_GCB_CR || kind == U_GCB_LF;
 }
 
+// Between two such units there is always a boundary of characters, CR LF aside, which is white
+// anyway: Latin and its neighbours below the combining marks, kana, and the common ideographs.
+bool isSimple(QChar unit) {
+    const char16_t code = unit.unicode();
+    return code < 0x300 || (code >= 0x3400 && code <= 0x9FFF) ||
+           (code >= 0x3041 && code <= 0x3096) || (code >= 0x309D && code <= 0x30FF) ||
+           (code >= 0x3000 && code <= 0x3029);
+}
+
+// The exact count, by the full segmentation of characters.
+int segmentedContentCount(QStringView text) {
+    // Counting happens at every keystroke, so the iterator is made once for each thread.
+    thread_local const std::unique_ptr<icu::BreakIterator> characters = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<icu::BreakIterator>(
+            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    }();
+    UErrorCode status = U_ZERO_ERROR;
+    UText units = UTEXT_INITIALIZER;
+    utext_openUChars(&units, text.utf16(), text.size(), &status);
+    characters->setText(&units, status);
+    int count = 0;
+    int32_t start = characters->first();
+    for (int32_t end = characters->next(); end != icu::BreakIterator::DONE;
+         start = end, end = characters->next()) {
+        if (hasContent(text.sliced(start, end - start))) ++count;
+    }
+    utext_close(&units);
+    return count;
+}
+
 }  // namespace
 
 bool isWhiteSpace(char32_t codePoint) {
@@ -126,23 +157,18 @@ bool hasContent(QStringView text) {
 }
 
 int contentCharacterCount(QStringView text) {
-    // Counting happens at every keystroke, so the iterator is made once for each thread.
-    thread_local const std::unique_ptr<icu::BreakIterator> characters = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        return std::unique_ptr<icu::BreakIterator>(
-            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    }();
-    UErrorCode status = U_ZERO_ERROR;
-    UText units = UTEXT_INITIALIZER;
-    utext_openUChars(&units, text.utf16(), text.size(), &status);
-    characters->setText(&units, status);
     int count = 0;
-    int32_t start = characters->first();
-    for (int32_t end = characters->next(); end != icu::BreakIterator::DONE;
-         start = end, end = characters->next()) {
-        if (hasContent(text.sliced(start, end - start))) ++count;
+    for (qsizetype at = 0; at < text.size();) {
+        if (isSimple(text[at]) && (at + 1 == text.size() || isSimple(text[at + 1]))) {
+            if (!isWhiteSpace(text[at].unicode())) ++count;
+            ++at;
+            continue;
+        }
+        qsizetype end = at + 1;
+        while (end < text.size() && !(isSimple(text[end - 1]) && isSimple(text[end]))) ++end;
+        count += segmentedContentCount(text.sliced(at, end - at));
+        at = end;
     }
-    utext_close(&units);
     return count;
 }
 

@@ -1,7 +1,11 @@
 #include "DiaryKit/Foundation/TextSets.h"
 
 #include <gtest/gtest.h>
+#include <unicode/brkiter.h>
 
+#include <memory>
+
+#include "tests/support/HostileText.h"
 #include "tests/support/Printing.h"
 
 namespace diary::text {
@@ -34,6 +38,24 @@ TEST(TextSets, CountCharactersAsReadersDo) {
     EXPECT_EQ(contentCharacterCount(u"e\u0301"), 1);
     EXPECT_EQ(contentCharacterCount(u"日記 😀"), 3);
     EXPECT_EQ(contentCharacterCount(u"👨\u200D👩\u200D👧"), 1);
+}
+
+TEST(TextSets, CountHostileTextsAsFullSegmentationDoes) {
+    test::HostileText hostile(11);
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    for (int round = 0; round < 5000; ++round) {
+        const QString text = hostile.text(12);
+        characters->setText(icu::UnicodeString(text.utf16(), static_cast<int>(text.size())));
+        int expected = 0;
+        for (int start = 0, end = characters->next(); end != icu::BreakIterator::DONE;
+             start = end, end = characters->next()) {
+            if (hasContent(QStringView(text).sliced(start, end - start))) ++expected;
+        }
+        ASSERT_EQ(contentCharacterCount(text), expected)
+            << text.toUtf8().toPercentEncoding().data();
+    }
 }
 
 TEST(TextSets, CompareCanonically) {

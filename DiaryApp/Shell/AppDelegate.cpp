@@ -1,0 +1,72 @@
+#include "DiaryApp/Shell/AppDelegate.h"
+
+#include <QtWidgets/QApplication>
+
+#include "DiaryApp/Appearance/Appearance.h"
+#include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Settings/Localization.h"
+#include "DiaryApp/Settings/VaultPlaces.h"
+#include "DiaryApp/Shell/DayChangeNotifier.h"
+#include "DiaryApp/Shell/DebugScenario.h"
+#include "DiaryApp/Shell/MainWindow.h"
+#include "DiaryApp/Shell/MainWindowController.h"
+#include "DiaryApp/Shell/UnixSignals.h"
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Foundation/Background.h"
+
+namespace velmar {
+
+AppDelegate::AppDelegate(Settings& settings) : m_settings(settings) {}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::start() {
+    appearance::prepare();
+    const Language language = localization::effectiveLanguage(m_settings);
+    localization::install(language);
+    fonts::setLanguage(language);
+    appearance::apply(m_settings);
+    makeWindow();
+    m_main->show();
+    const bool isScripted = debugscenario::isRequested(m_settings);
+    if (!isScripted || m_settings.environment(QStringLiteral("DIARY_ACTIVATE"))) {
+        m_main->window()->activateWindow();
+    }
+    QObject::connect(qApp, &QGuiApplication::applicationStateChanged, this,
+                     &AppDelegate::applicationStateChanged);
+    m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
+                                                      [this] { m_main->calendarDayChanged(); });
+    m_signals = std::make_unique<UnixSignals>([this] { m_main->window()->close(); });
+    removeAbandonedTemporaries();
+    if (isScripted) {
+        debugscenario::run(m_settings, *m_main, [this](int code) {
+            m_main->session().close();
+            QApplication::exit(code);
+        });
+    }
+}
+
+void AppDelegate::makeWindow() {
+    auto store = std::make_unique<diary::DiaryStore>(VaultPlaces(m_settings).vaultURL());
+    m_main = std::make_unique<MainWindowController>(m_settings, std::move(store));
+    m_main->onClosed = [] { QApplication::quit(); };
+}
+
+void AppDelegate::applicationStateChanged(Qt::ApplicationState state) {
+    if (state == Qt::ApplicationActive) {
+        m_dayChange->check();
+        m_main->applicationBecameActive();
+    } else {
+        m_main->applicationResignedActive();
+    }
+}
+
+// What a crash left behind, here or on another machine's behalf, in its own time.
+void AppDelegate::removeAbandonedTemporaries() const {
+    diary::background::start(diary::background::Urgency::Utility,
+                             [root = m_main->session().store().rootURL()] {
+                                 diary::atomicfile::removeAbandonedTemporaries(root);
+                             });
+}
+
+}  // namespace velmar

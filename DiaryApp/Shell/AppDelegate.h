@@ -1,0 +1,39 @@
+// The application's life: it prepares look and language, finds the vault, makes the window, and
+// passes on what happens to the application as a whole.
+#pragma once
+
+#include <QtCore/QObject>
+#include <memory>
+
+#include "DiaryApp/Settings/Settings.h"
+
+namespace velmar {
+
+class DayChangeNotifier;
+class MainWindowController;
+class UnixSignals;
+
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+public:
+    explicit AppDelegate(Settings& settings);
+    ~AppDelegate() override;
+
+    // Brings the application up, to the shown window. Once, before the event loop.
+    void start();
+
+    [[nodiscard]] MainWindowController* mainWindowController() const { return m_main.get(); }
+
+private:
+    void makeWindow();
+    void applicationStateChanged(Qt::ApplicationState state);
+    void removeAbandonedTemporaries() const;
+
+    Settings& m_settings;
+    std::unique_ptr<MainWindowController> m_main;
+    std::unique_ptr<DayChangeNotifier> m_dayChange;
+    std::unique_ptr<UnixSignals> m_signals;
+};
+
+}  // namespace velmar
