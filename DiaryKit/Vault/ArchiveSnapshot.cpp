@@ -1,6 +1,7 @@
 #include "DiaryKit/Vault/ArchiveSnapshot.h"
 
 #include <algorithm>
+#include <bitset>
 #include <thread>
 #include <vector>
 
@@ -24,8 +25,7 @@ ScannedDay scanDay(const FileCoordinator& coordinator, const QString& path,
     const std::optional<FileStamp> found = fileStamp(path);
     const FileStamp stamp = found.value_or(FileStamp());
     if (cached && cached->mtime == stamp) {
-        result.entry = *cached;
-        result.isCached = true;
+        result.cached = cached;
         return result;
     }
     if (!found && downloads.state(path) == DownloadState::NotDownloaded) {
@@ -36,27 +36,31 @@ ScannedDay scanDay(const FileCoordinator& coordinator, const QString& path,
     try {
         coordinator.coordinateReading([&] {
             const auto bytes = atomicfile::tryRead(path);
-            if (bytes) result.entry = YearCacheEntry{stamp, yearsWithContent(*bytes)};
+            if (bytes) result.fresh = YearCacheEntry{stamp, yearsWithContent(*bytes)};
         });
     } catch (const FileError&) {
-        result.entry.reset();
+        result.fresh.reset();
     }
     return result;
 }
 
-void add(ArchiveScan& scan, const MonthDay& day, ScannedDay scanned) {
+// The years seen so far, as flags: a set would be searched fifty times for each file.
+using YearFlags = std::bitset<10000>;
+
+void add(ArchiveScan& scan, YearFlags& seen, const MonthDay& day, ScannedDay scanned) {
     if (scanned.isAwaitingDownload) scan.snapshot.awaitingDownload.insert(day);
-    if (!scanned.entry) return;
-    const std::set<int>& years = scanned.entry->years;
+    const YearCacheEntry* entry = scanned.entry();
+    if (!entry) return;
+    const std::set<int>& years = entry->years;
     if (!years.empty()) {
         Overview& overview = scan.snapshot.overview;
         scan.snapshot.heatCounts.insert(day, static_cast<int>(years.size()));
-        scan.snapshot.contentYears.insert(years.begin(), years.end());
+        for (const int year : years) seen.set(static_cast<std::size_t>(year));
         ++overview.daysWithContent;
         overview.earliestYear =
             std::min(overview.earliestYear.value_or(*years.begin()), *years.begin());
     }
-    if (!scanned.isCached) scan.fresh.insert(day, std::move(*scanned.entry));
+    if (scanned.fresh) scan.fresh.insert(day, std::move(*scanned.fresh));
 }
 
 }  // namespace
@@ -84,7 +88,11 @@ ArchiveScan scanArchive(const QString& root, const YearCache& cache,
                                  cached == cache.constEnd() ? nullptr : &*cached, downloads);
         }
     });
-    for (int i = 0; i < count; ++i) add(scan, days[i], std::move(scanned[i]));
+    YearFlags seen;
+    for (int i = 0; i < count; ++i) add(scan, seen, days[i], std::move(scanned[i]));
+    for (int year = 0; year < static_cast<int>(seen.size()); ++year) {
+        if (seen.test(static_cast<std::size_t>(year))) scan.snapshot.contentYears.insert(year);
+    }
     scan.snapshot.overview.fileCount = count;
     return scan;
 }

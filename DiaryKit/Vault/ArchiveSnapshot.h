@@ -53,12 +53,17 @@ struct ArchiveScan {
     bool operator==(const ArchiveScan&) const = default;
 };
 
-// What is known of one day's file.
+// What is known of one day's file. Both absent: it is awaiting its download or couldn't be read.
 struct ScannedDay {
-    // Absent if the file is awaiting its download or couldn't be read.
-    std::optional<YearCacheEntry> entry;
-    bool isCached = false;
+    // The entry that was handed in, if it still holds.
+    const YearCacheEntry* cached = nullptr;
+    // What had to be read.
+    std::optional<YearCacheEntry> fresh;
     bool isAwaitingDownload = false;
+
+    [[nodiscard]] const YearCacheEntry* entry() const {
+        return cached || !fresh ? cached : &*fresh;
+    }
 };
 
 // The years of one day's file, from `cached` where its stamp is still the file's, else read under

@@ -24,6 +24,18 @@ Content contentOf(QByteArray bytes) {
     return content;
 }
 
+// The day that a file or a placeholder of this name stands for. Most names of a large vault are
+// plain keys, so those are read without a detour.
+std::optional<MonthDay> dayOfName(QByteArrayView name) {
+    constexpr qsizetype kKeyLength = 8;
+    if (name.size() == kKeyLength) return MonthDay::parse(QString::fromLatin1(name));
+    if (name.size() < kKeyLength || (name[0] != '.' && !name.endsWith("cloud"))) {
+        return std::nullopt;
+    }
+    const std::optional<QString> target = placeholderTarget(QFile::decodeName(name.toByteArray()));
+    return target ? MonthDay::parse(*target) : std::nullopt;
+}
+
 // Absent if there is no such file; every other failure is thrown.
 std::optional<Content> existingContent(const QString& path) {
     try {
@@ -63,12 +75,7 @@ std::set<MonthDay> dayFiles(const QString& root) {
     DIR* folder = ::opendir(QFile::encodeName(root).constData());
     if (!folder) return days;
     while (const dirent* entry = ::readdir(folder)) {
-        const QString name = QFile::decodeName(entry->d_name);
-        std::optional<MonthDay> day = MonthDay::parse(name);
-        if (!day) {
-            const std::optional<QString> target = placeholderTarget(name);
-            if (target) day = MonthDay::parse(*target);
-        }
+        const std::optional<MonthDay> day = dayOfName(QByteArrayView(entry->d_name));
         if (day) days.insert(*day);
     }
     ::closedir(folder);

@@ -144,14 +144,14 @@ std::set<int> DiaryStore::yearsWithContent(const MonthDay& day) {
     const auto cached = m_yearCache.constFind(day);
     ScannedDay scanned =
         scanDay(m_root, day, cached == m_yearCache.constEnd() ? nullptr : &*cached, m_downloads);
-    if (scanned.isCached) return std::move(scanned.entry->years);
+    if (scanned.cached) return scanned.cached->years;
     if (scanned.isAwaitingDownload) {
         m_awaitingDownload.insert(day);
         return {};
     }
     m_awaitingDownload.erase(day);
-    if (!scanned.entry) return {};
-    return m_yearCache.insert(day, std::move(*scanned.entry))->years;
+    if (!scanned.fresh) return {};
+    return m_yearCache.insert(day, std::move(*scanned.fresh))->years;
 }
 
 QHash<MonthDay, int> DiaryStore::contentYearCounts() {

@@ -36,7 +36,9 @@ QString MonthDay::fileName() const {
 }
 
 QString MonthDay::headerTitle() const {
-    return QString::asprintf("%02d-%02d", month, day);
+    const auto digit = [](int value) { return QChar(u'0' + value % 10); };
+    const QChar title[] = {digit(month / 10), digit(month), u'-', digit(day / 10), digit(day)};
+    return QString(title, 5);
 }
 
 int MonthDay::ordinalInCycle() const {
