@@ -30,9 +30,12 @@ WritingSession::WritingSession(diary::DiaryStore& store, SessionView view, Envir
       m_view(std::move(view)),
       m_environment(std::move(environment)),
       m_saveTimer(m_environment.makeTimer()),
-      m_remoteRefreshTimer(m_environment.makeTimer()) {
+      m_remoteRefreshTimer(m_environment.makeTimer()),
+      m_recoveryTimer(m_environment.makeTimer()),
+      m_recovery(m_environment.recoveryFolder) {
     m_monthDay = today().monthDay();
     m_viewedYear = today().year;
+    keepAbandonedDrafts();
 }
 
 diary::DiaryDay WritingSession::today() const {
@@ -126,6 +129,32 @@ void WritingSession::draftChanged(const QString& text) {
     call(m_view.renderStatus);
     call(m_view.renderTopBar);
     m_saveTimer->start(saveDelay, [this] { flushSaveIfDirty(); });
+    if (!m_recoveryTimer->isArmed()) {
+        m_recoveryTimer->start(recoveryDelay, [this] { rememberDraft(); });
+    }
+}
+
+void WritingSession::rememberDraft() {
+    if (m_isDirty) m_recovery.remember(m_monthDay.headerTitle(), m_viewedYear, m_draft);
+}
+
+// A crash's draft becomes a kept one, unless its words are in the day's file after all.
+void WritingSession::keepAbandonedDrafts() {
+    for (const diary::RecoveredDraft& draft : m_recovery.abandoned()) {
+        const auto day = MonthDay::parse(draft.day + QLatin1String(".md"));
+        const QStringView text = diary::text::trimmed(draft.text);
+        const bool isSaved = !day || text.isEmpty() ||
+                             YearSectionParser::holdsOnOwnLines(m_store.loadText(*day), text);
+        try {
+            if (!isSaved) {
+                m_store.keptTexts().keep(draft.day, draft.year, KeptReason::UnsavedDraft,
+                                         draft.text.toUtf8(), m_environment.clock->now());
+            }
+        } catch (const FileError&) {
+            continue;  // It stays where it is, for the next start.
+        }
+        diary::RecoveryDrafts::discard(draft);
+    }
 }
 
 void WritingSession::flushSaveIfDirty() {
@@ -340,6 +369,10 @@ void WritingSession::tell(SessionNotice notice) const {
 
 void WritingSession::setDirty(bool isDirty) {
     m_isDirty = isDirty;
+    if (!isDirty) {
+        m_recoveryTimer->stop();
+        m_recovery.forget();
+    }
     call(m_view.setEdited, isDirty);
 }
 

@@ -14,6 +14,7 @@
 
 #include "DiaryApp/Session/OneShotTimer.h"
 #include "DiaryApp/Session/SessionView.h"
+#include "DiaryKit/Files/RecoveryDrafts.h"
 #include "DiaryKit/Vault/DiaryDay.h"
 #include "DiaryKit/Vault/DiaryStore.h"
 #include "DiaryKit/Vault/SectionSave.h"
@@ -34,15 +35,20 @@ class WritingSession {
 public:
     static constexpr std::chrono::milliseconds saveDelay{1000};
     static constexpr std::chrono::milliseconds remoteRefreshDelay{300};
+    // Someone who never pauses never reaches the save; a crash then costs this much at most.
+    static constexpr std::chrono::milliseconds recoveryDelay{5000};
 
     struct Environment {
         const diary::Clock* clock = &diary::Clock::system();
         MakeOneShotTimer makeTimer = makeEventLoopTimer;
         // The line that stands between two machines' texts of one year.
         std::function<QString()> conflictMarker;
+        // Where the draft is remembered until it is saved; empty for nowhere.
+        QString recoveryFolder;
     };
 
-    // The store must outlive the session. Nothing is opened yet; `open` is.
+    // The store must outlive the session. Nothing is opened yet; `open` is. Drafts that a crash
+    // left are kept now, so that their days offer them.
     WritingSession(diary::DiaryStore& store, SessionView view, Environment environment);
 
     [[nodiscard]] diary::DiaryStore& store() const { return m_store; }
@@ -104,6 +110,8 @@ public:
 private:
     [[nodiscard]] bool leaveDraft();
     void keepDraft();
+    void keepAbandonedDrafts();
+    void rememberDraft();
     void loadDay();
     void loadDraft();
     void resolveConflicts();
@@ -138,6 +146,8 @@ private:
     std::vector<SessionNotice> m_keptNotices;
     std::unique_ptr<OneShotTimer> m_saveTimer;
     std::unique_ptr<OneShotTimer> m_remoteRefreshTimer;
+    std::unique_ptr<OneShotTimer> m_recoveryTimer;
+    diary::RecoveryDrafts m_recovery;
 };
 
 }  // namespace velmar

@@ -11,6 +11,7 @@
 #include "DiaryApp/Editor/DraftEditor.h"
 #include "DiaryApp/Entry/EntryView.h"
 #include "DiaryApp/Shell/MainWindow.h"
+#include "DiaryKit/Files/UserFolders.h"
 #include "DiaryKit/Foundation/TextSets.h"
 
 namespace velmar {
@@ -22,6 +23,8 @@ MainWindowController::MainWindowController(Settings& settings,
       m_window(std::make_unique<MainWindow>(settings)) {
     WritingSession::Environment environment;
     environment.conflictMarker = notices::conflictMarker;
+    environment.recoveryFolder = diary::userStateFolder() + QLatin1String("/recovery/") +
+                                 m_store->keptTexts().folder().section(u'/', -1);
     m_session = std::make_unique<WritingSession>(*m_store, sessionView(), environment);
     m_window->setMenuBar(
         MainMenuBuilder::build(m_window.get(), [this](Action action) { perform(action); }));

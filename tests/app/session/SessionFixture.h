@@ -38,6 +38,7 @@ protected:
         environment.clock = &clock;
         environment.makeTimer = timers.maker();
         environment.conflictMarker = [] { return QStringLiteral("(also written elsewhere)"); };
+        environment.recoveryFolder = recovery.path();
         return std::make_unique<WritingSession>(store, view(), environment);
     }
 
@@ -89,6 +90,7 @@ protected:
     diary::FixedClock clock{QDateTime(QDate(2026, 11, 21), QTime(12, 0), Qt::UTC)};
     ManualTimers timers;
     diary::test::TemporaryVault vault;
+    QTemporaryDir recovery;
     diary::DiaryStore store{vault.path(), {}, clock};
     Told told;
     std::unique_ptr<WritingSession> session;
