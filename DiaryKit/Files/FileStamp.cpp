@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <QtCore/QFile>
+
 namespace diary {
 
 std::optional<FileStamp> fileStamp(const QString& path) {
