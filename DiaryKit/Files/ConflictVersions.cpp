@@ -6,6 +6,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
+#include <algorithm>
 #include <cerrno>
 #include <memory>
 #include <tuple>
@@ -115,13 +116,13 @@ std::optional<Reading> readingOfRow(QStringView tags) {
     for (qsizetype end = 1; end <= tags.size(); ++end) {
         if (end < tags.size() && !mayBegin(tags[end])) continue;
         for (qsizetype start = end - 1; start >= 0; --start) {
-            if (!mayBegin(tags[start]) || !at(start)) continue;
+            const std::optional<Reading>& inner = at(start);
+            if (!mayBegin(tags[start]) || !inner) continue;
             std::optional<Reading> last = readingOfOne(tags.sliced(start, end - start));
             if (!last) continue;
-            if (at(start)->sureness == ConflictName::Possible) {
-                last->sureness = ConflictName::Possible;
-            }
-            if (!at(end) || last->isBetterThan(*at(end))) at(end) = last;
+            last->sureness = std::max(last->sureness, inner->sureness);
+            std::optional<Reading>& best = at(end);
+            if (!best || last->isBetterThan(*best)) best = last;
         }
     }
     return at(tags.size());

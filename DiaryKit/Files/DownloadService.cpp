@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <QtCore/QFile>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 

@@ -6,6 +6,8 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
+#include <algorithm>
+#include <cerrno>
 #include <vector>
 
 #include "DiaryKit/Files/AtomicFile.h"

@@ -5,8 +5,11 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTimeZone>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <exception>
@@ -80,7 +83,7 @@ QString reserved(const QString& folder, const QString& stem) {
     for (int number = 1;; ++number) {
         const QString tail =
             number == 1 ? QStringLiteral(".md") : QStringLiteral("-%1.md").arg(number);
-        const QString path = folder + QLatin1Char('/') + stem + tail;
+        QString path = folder + QLatin1Char('/') + stem + tail;
         if (QFile::exists(path + putBackSuffix())) continue;
         const Descriptor file(::open(QFile::encodeName(path).constData(),
                                      O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
@@ -91,7 +94,7 @@ QString reserved(const QString& folder, const QString& stem) {
 
 QString written(const QString& folder, const QString& stem, QByteArrayView bytes) {
     atomicfile::makePrivateFolder(folder);
-    const QString path = reserved(folder, stem);
+    QString path = reserved(folder, stem);
     try {
         atomicfile::write(path, bytes);
     } catch (const FileError&) {

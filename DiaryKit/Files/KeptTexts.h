@@ -6,6 +6,7 @@
 #include <QtCore/QByteArrayView>
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <optional>
 #include <vector>
 

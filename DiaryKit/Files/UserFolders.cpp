@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <optional>
 
 namespace diary {
 
@@ -35,7 +36,7 @@ bool ensureOwnFolder(const QString& path) {
 QString runtimeFolderIn(const QString& base) {
     struct stat status {};
     if (!QDir::isAbsolutePath(base) || !isOwnFolder(QFile::encodeName(base), status)) return {};
-    const QString path = base + QStringLiteral("/velmar");
+    QString path = base + QStringLiteral("/velmar");
     return ensureOwnFolder(path) ? path : QString();
 }
 
@@ -56,14 +57,14 @@ std::optional<QByteArray> linkTarget(const QByteArray& path) {
 }  // namespace
 
 QString userRuntimeFolder() {
-    const QString given = runtimeFolderIn(qEnvironmentVariable("XDG_RUNTIME_DIR"));
+    QString given = runtimeFolderIn(qEnvironmentVariable("XDG_RUNTIME_DIR"));
     if (!given.isEmpty()) return given;
-    const QString usual = runtimeFolderIn(QStringLiteral("/run/user/%1").arg(::geteuid()));
+    QString usual = runtimeFolderIn(QStringLiteral("/run/user/%1").arg(::geteuid()));
     return usual.isEmpty() ? userTemporaryFolder() : usual;
 }
 
 QString userTemporaryFolder() {
-    const QString path = QStringLiteral("%1/velmar-%2").arg(QDir::tempPath()).arg(::geteuid());
+    QString path = QStringLiteral("%1/velmar-%2").arg(QDir::tempPath()).arg(::geteuid());
     return ensureOwnFolder(path) ? path : QString();
 }
 
@@ -79,8 +80,10 @@ QString resolvedPath(const QString& path) {
         QDir::isAbsolutePath(path) ? path : QDir::currentPath() + QLatin1Char('/') + path);
     QByteArray missing;
     int links = 0;
-    std::optional<QByteArray> resolved = realPath(existing);
-    while (!resolved) {
+    for (;;) {
+        if (const std::optional<QByteArray> resolved = realPath(existing)) {
+            return QDir::cleanPath(QFile::decodeName(*resolved + missing));
+        }
         while (existing.size() > 1 && existing.endsWith('/')) existing.chop(1);
         const qsizetype slash = existing.lastIndexOf('/');
         // A link whose target is yet to come has the same key before and after that.
@@ -91,9 +94,7 @@ QString resolvedPath(const QString& path) {
             missing.prepend(existing.sliced(slash));
             existing.truncate(qMax<qsizetype>(slash, 1));
         }
-        resolved = realPath(existing);
     }
-    return QDir::cleanPath(QFile::decodeName(*resolved + missing));
 }
 
 }  // namespace diary

@@ -16,6 +16,7 @@
 #include <mutex>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "DiaryKit/Files/Descriptor.h"
 
@@ -112,7 +113,7 @@ private:
     }
 
     Batch readBatch() {
-        constexpr std::size_t kBufferBytes = 64 * 1024;
+        constexpr std::size_t kBufferBytes = 65'536;
         alignas(inotify_event) static thread_local char buffer[kBufferBytes];
         Batch batch;
         const ssize_t length =

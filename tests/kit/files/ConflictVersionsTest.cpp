@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <gmock/gmock.h>
+
 #include "DiaryKit/Foundation/FileError.h"
 #include "tests/support/TemporaryVault.h"
 

@@ -1,7 +1,11 @@
 #include "DiaryKit/Files/FileCoordinator.h"
 
+#include <gmock/gmock.h>
+
+#include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <future>
+#include <memory>
 #include <stdexcept>
 #include <thread>
 

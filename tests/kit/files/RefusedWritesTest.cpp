@@ -86,7 +86,7 @@ TEST_F(RefusedWrites, OfAFullDiskLeaveTheOldBytesAndNoTemporary) {
     const QByteArray folder = QFile::encodeName(m_vault.path());
     const std::string words = test::wordsOfFork([&]() -> std::string {
         if (!mountSmallDisk(folder)) return "no mount";
-        const std::string grown = growUntilFull(m_vault.filePath(day()));
+        std::string grown = growUntilFull(m_vault.filePath(day()));
         if (!grown.empty()) return grown;
         if (allNames(m_vault.path()) != QStringList{day()}) return "a temporary was left";
         // Once there is room again, all goes on.
@@ -104,7 +104,7 @@ TEST_F(RefusedWrites, OfKeptTextsGoToTheNextFolderWhenTheFirstIsFull) {
     const std::string words = test::wordsOfFork([&]() -> std::string {
         if (!mountSmallDisk(QFile::encodeName(small))) return "no mount";
         const KeptTexts texts(m_vault.path(), {small, other});
-        const QByteArray bytes(100 * 1024, 'x');
+        const QByteArray bytes(100'000, 'x');
         const KeptText text = texts.keep(QStringLiteral("03-07"), 2024, KeptReason::UnsavedDraft,
                                          bytes, QDateTime::fromSecsSinceEpoch(1'000'000));
         if (!text.path.startsWith(other)) return "kept in the full folder";

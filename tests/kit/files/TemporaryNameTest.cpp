@@ -2,6 +2,8 @@
 
 #include <sys/prctl.h>
 
+#include <gtest/gtest.h>
+
 #include <QtCore/QFile>
 
 #include "tests/support/ChildProcess.h"
@@ -87,12 +89,12 @@ TEST(IsKnownDead, NotForALivingProcess) {
     });
     char name[256] = {};
     ASSERT_GT(::read(pipe[0], name, sizeof name - 1), 0);
-    const auto owner = temporaryOwner(QString::fromUtf8(name));
-    ASSERT_TRUE(owner);
-    EXPECT_EQ(owner->pid, child.pid());
-    EXPECT_FALSE(isKnownDead(*owner));
+    const ProcessIdentity owner =
+        temporaryOwner(QString::fromUtf8(name)).value_or(ProcessIdentity{});
+    EXPECT_EQ(owner.pid, child.pid());
+    EXPECT_FALSE(isKnownDead(owner));
     child.kill();
-    EXPECT_TRUE(isKnownDead(*owner));
+    EXPECT_TRUE(isKnownDead(owner));
     ::close(pipe[0]);
     ::close(pipe[1]);
 }

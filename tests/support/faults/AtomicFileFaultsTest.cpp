@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "tests/support/TemporaryVault.h"

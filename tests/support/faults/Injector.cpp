@@ -4,6 +4,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -121,7 +122,9 @@ void Injector::log(const char* name, const std::string& path) const {
 std::string resolved(int folder, const char* path) {
     std::string whole = path;
     if (whole.empty() || whole.front() != '/') {
-        whole = (folder == AT_FDCWD ? linkTarget("/proc/self/cwd") : pathOf(folder)) + '/' + whole;
+        std::string base = folder == AT_FDCWD ? linkTarget("/proc/self/cwd") : pathOf(folder);
+        base += '/';
+        whole.insert(0, base);
     }
     while (whole.size() > 1 && whole.back() == '/') whole.pop_back();
     const std::size_t slash = whole.rfind('/');
@@ -134,12 +137,10 @@ std::string followed(int folder, const char* path) {
     // Any program's own limit is reached long before.
     constexpr int kMostLinks = 40;
     for (int links = 0; links < kMostLinks; ++links) {
-        const std::string target = linkTarget(result);
+        std::string target = linkTarget(result);
         if (target.empty()) break;
-        result = resolved(
-            AT_FDCWD,
-            (target.front() == '/' ? target : result.substr(0, result.rfind('/') + 1) + target)
-                .c_str());
+        if (target.front() != '/') target.insert(0, result, 0, result.rfind('/') + 1);
+        result = resolved(AT_FDCWD, target.c_str());
     }
     return result;
 }

@@ -10,6 +10,10 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "tests/support/faults/Injector.h"
 
@@ -88,13 +92,17 @@ Result onOpen(const char* name, int descriptor, Pass pass, Before before, After 
     return concerned<Result>(name, path, pass, before, after, tear);
 }
 
+using Paths = std::pair<std::string, std::string>;
+
 // A call that concerns names; `paths()` gives one or two of them.
-template <typename Paths, typename Pass, typename Before, typename After>
-int onNames(const char* name, Paths paths, Pass pass, Before before, After after) {
+template <typename Find, typename Pass, typename Before, typename After>
+int onNames(const char* name, Find paths, Pass pass, Before before, After after) {
     if (t_isInside) return pass();
     const int errorBefore = errno;
     const Inside inside;
-    const auto [first, second] = paths();
+    const Paths names = paths();
+    const std::string& first = names.first;
+    const std::string& second = names.second;
     errno = errorBefore;
     const Injector& injector = Injector::shared();
     if (!injector.concerns(first) && !injector.concerns(second)) return pass();
@@ -104,7 +112,6 @@ int onNames(const char* name, Paths paths, Pass pass, Before before, After after
         [&](Journal& journal, int) { after(journal, first, second); }, [] {});
 }
 
-using Paths = std::pair<std::string, std::string>;
 constexpr auto kNothingBefore = [](Journal&, const auto&, const auto&) {};
 constexpr auto kNothingAfter = kNothingBefore;
 constexpr auto kMade = [](Journal& journal, const auto& path, const auto&) { journal.made(path); };
@@ -186,6 +193,8 @@ int changingMode(const char* name, int folder, const char* path, Pass pass) {
 
 mode_t modeArgument(int flags, va_list arguments) {
     const bool hasMode = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+    // The caller starts the list; the analyser doesn't see into the macro.
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
     return hasMode ? va_arg(arguments, mode_t) : 0;
 }
 
@@ -203,6 +212,9 @@ __attribute__((destructor)) void atExit() {
     va_end(arguments)
 
 extern "C" {
+
+// The system's headers name the parameters in their own way, and its names are reserved.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name, bugprone-reserved-identifier)
 
 int open(const char* path, int flags, ...) {
     MODE_ARGUMENT(flags);
@@ -394,5 +406,7 @@ int fchmodat(int folder, const char* path, mode_t mode, int flags) noexcept {
     return changingMode("fchmodat", folder, path,
                         [&] { return NEXT(fchmodat)(folder, path, mode, flags); });
 }
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name, bugprone-reserved-identifier)
 
 }  // extern "C"

@@ -71,7 +71,9 @@ void removeTree(const std::string& path) {
     if (DIR* listing = ::opendir(path.c_str())) {
         while (const dirent* entry = ::readdir(listing)) {
             const std::string name = entry->d_name;
-            if (name != "." && name != "..") removeTree(path + '/' + name);
+            if (name == "." || name == "..") continue;
+            std::string inner = path;
+            removeTree(inner.append("/").append(name));
         }
         ::closedir(listing);
     }

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 #include <map>
+#include <string>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/FileError.h"
