@@ -10,13 +10,11 @@
 
 namespace {
 
-QImage read(const char* path)
-{
+QImage read(const char* path) {
     return QImage(QString::fromLocal8Bit(path)).convertToFormat(QImage::Format_RGB32);
 }
 
-QRgb ground(const QImage& image)
-{
+QRgb ground(const QImage& image) {
     QHash<QRgb, int> counts;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
@@ -25,8 +23,7 @@ QRgb ground(const QImage& image)
     return most.key() & RGB_MASK;
 }
 
-int differing(const QImage& one, const QImage& other)
-{
+int differing(const QImage& one, const QImage& other) {
     if (one.size() != other.size()) return one.width() * one.height();
     int count = 0;
     for (int y = 0; y < one.height(); ++y) {
@@ -37,8 +34,7 @@ int differing(const QImage& one, const QImage& other)
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     if (argc < 3) return 2;
     const QByteArrayView question(argv[1]);
     const QImage image = read(argv[2]);
