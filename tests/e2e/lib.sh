@@ -31,8 +31,17 @@ needs() {
 # The path holds a blank and a letter outside ASCII, as real ones do.
 box=$(mktemp -d "${TMPDIR:-/tmp}/velmar e2é.XXXXXX")
 started=()
+allGone() {
+  local pid
+  for pid in "${started[@]}"; do
+    gone "$pid" || return 1
+  done
+}
 cleanUp() {
   local pid
+  # Asked first, so that those with children of their own end these.
+  kill "${started[@]}" 2>/dev/null || true
+  waitFor 10 allGone || true
   for pid in "${started[@]}"; do
     kill -9 "$pid" 2>/dev/null || true
   done
