@@ -42,6 +42,8 @@ function(velmar_test name)
   if(arg_GUI)
     target_link_libraries(${name} PRIVATE velmar_test_main_gui Qt6::Widgets Qt6::Test)
     velmar_reuse_precompiled(${name} velmar_pch_test_gui)
+    # Qt defines them anew for each folder, which would make the precompiled header useless.
+    target_compile_options(${name} PRIVATE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
   else()
     target_link_libraries(${name} PRIVATE velmar_test_main)
     velmar_reuse_precompiled(${name} velmar_pch_test)

@@ -4,6 +4,7 @@
 #include <QtGui/QStyleHints>
 #include <QtWidgets/QApplication>
 #include <optional>
+#include <utility>
 
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Theme.h"
@@ -69,9 +70,13 @@ bool apply(const Settings& settings) {
     if (applied == palette) return false;
     applied = palette;
     theme::setPalette(palette);
-    // Every widget gets a PaletteChange event and repaints from the new tokens.
     QApplication::setPalette(qtPalette(theme::tokens()));
     QApplication::setFont(fonts::sans(13.5));
+    // Widgets paint from the tokens, not from Qt's palette, so each is told, whatever Qt's differs.
+    for (QWidget* each : QApplication::allWidgets()) {
+        QEvent event(QEvent::PaletteChange);
+        QCoreApplication::sendEvent(each, &event);
+    }
     return true;
 }
 

@@ -7,7 +7,7 @@
 namespace velmar::appearance {
 
 // Once, before the first window: fonts, style, and a caret that Qt doesn't blink by itself (the
-// editor does, and stops when nothing is typed).
+// editor does, and stops when nothing is typed). A second call does nothing.
 void prepare();
 
 // The palette by the settings and the system: DIARY_PALETTE goes before all if it names one.

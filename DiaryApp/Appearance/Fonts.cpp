@@ -74,8 +74,11 @@ int pixelSize(double size) {
 }
 
 double baseline(const QFont& font, double lineHeight) {
+    // Whole pixels, so that lines of one height are alike and glyphs stand sharp.
     const QFontMetricsF metrics(font);
-    return (lineHeight - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent();
+    const double ascent = std::round(metrics.ascent());
+    const double descent = std::round(metrics.descent());
+    return std::floor((lineHeight - ascent - descent) / 2) + ascent;
 }
 
 }  // namespace velmar::fonts

@@ -6,8 +6,9 @@ namespace velmar {
 
 namespace {
 
+// Eight bits a channel, rounded to the nearest, as screens show it.
 QColor fromSRGB(const diary::SRGB& color) {
-    return QColor::fromRgbF(color.r, color.g, color.b);
+    return {qRound(color.r * 255), qRound(color.g * 255), qRound(color.b * 255)};
 }
 
 Tokens& current() {

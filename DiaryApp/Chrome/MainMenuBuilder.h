@@ -1,0 +1,26 @@
+// Makes the menu bar and the shortcuts from the table of commands.
+#pragma once
+
+#include <QtWidgets/QMenuBar>
+#include <functional>
+
+#include "DiaryApp/Chrome/MenuTable.h"
+
+namespace velmar {
+
+class MainMenuBuilder {
+public:
+    using Dispatch = std::function<void(Action)>;
+
+    // The menu bar of a window: all rows of the table, their texts in the installed language. Each
+    // command calls `dispatch`. To follow a change of language call retranslate().
+    [[nodiscard]] static QMenuBar* build(QWidget* window, Dispatch dispatch);
+
+    // Sets the texts again, in the language that is installed now.
+    static void retranslate(QMenuBar* bar);
+
+    // The command's item in a bar made here; null if the table has none.
+    [[nodiscard]] static QAction* item(const QMenuBar* bar, Action action);
+};
+
+}  // namespace velmar

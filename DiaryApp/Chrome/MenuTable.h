@@ -1,0 +1,55 @@
+// The commands of the menu as data: one row a command, in the order in which they stand.
+#pragma once
+
+#include <QtCore/QKeyCombination>
+#include <span>
+
+namespace velmar {
+
+enum class Menu { Diary, File, Edit, Navigate, Window };
+
+enum class Action {
+    Quit,
+    Close,
+    Save,
+    Undo,
+    Redo,
+    Cut,
+    Copy,
+    Paste,
+    SelectAll,
+    PreviousDay,
+    NextDay,
+    Today,
+    RandomDay,
+    Minimize,
+    Zoom,
+};
+
+// Whether a key works while a text field has the focus.
+enum class KeyReach {
+    Everywhere,
+    // A text field keeps the key for itself, as it does Ctrl+Left, which moves by words.
+    OutsideText,
+};
+
+struct MenuKey {
+    QKeyCombination keys;
+    KeyReach reach = KeyReach::Everywhere;
+};
+
+struct MenuRow {
+    Menu menu;
+    // Key of the text.
+    const char* title;
+    Action action;
+    // The first one is shown behind the title.
+    std::span<const MenuKey> keys;
+    bool hasSeparatorBehind = false;
+};
+
+[[nodiscard]] std::span<const MenuRow> menuTable();
+// Key of the menu's own title.
+[[nodiscard]] const char* menuTitle(Menu menu);
+
+}  // namespace velmar

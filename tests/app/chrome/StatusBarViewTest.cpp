@@ -1,0 +1,114 @@
+#include "DiaryApp/Chrome/StatusBarView.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest/QTest>
+
+namespace velmar {
+namespace {
+
+class StatusBarViewTest : public testing::Test {
+protected:
+    StatusBarViewTest() {
+        bar.resize(1360, StatusBarView::barHeight);
+        bar.show();
+        bar.update(QStringLiteral("/home/me/Documents/Diary/11-21.md"), QStringLiteral("status"));
+    }
+
+    void click() { QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.linkRect().center()); }
+
+    // Flashes last 30 ms here.
+    StatusBarView bar{QStringLiteral("/home/me"), nullptr, 30};
+};
+
+TEST_F(StatusBarViewTest, ShortensTheHomeFolder) {
+    EXPECT_EQ(bar.leftText(), QStringLiteral("~/Documents/Diary/11-21.md"));
+    EXPECT_EQ(bar.rightText(), QStringLiteral("status"));
+    bar.update(QStringLiteral("/home/mercy/11-21.md"), QString());
+    EXPECT_EQ(bar.leftText(), QStringLiteral("/home/mercy/11-21.md"));
+    bar.update(QStringLiteral("/vault/11-21.md"), QString());
+    EXPECT_EQ(bar.leftText(), QStringLiteral("/vault/11-21.md"));
+}
+
+TEST_F(StatusBarViewTest, AFlashLastsAndThePathComesBack) {
+    bar.flash(QStringLiteral("merged"));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("merged"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("~/Documents/Diary/11-21.md"));
+}
+
+TEST_F(StatusBarViewTest, AFlashLastsFourSecondsUnlessToldOtherwise) {
+    EXPECT_EQ(StatusBarView::flashMilliseconds, 4000);
+}
+
+TEST_F(StatusBarViewTest, AnUpdateUnderAFlashShowsAfterwards) {
+    bar.flash(QStringLiteral("merged"));
+    bar.update(QStringLiteral("/home/me/11-22.md"), QStringLiteral("other"));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("merged"));
+    EXPECT_EQ(bar.rightText(), QStringLiteral("other"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("~/11-22.md"));
+}
+
+TEST_F(StatusBarViewTest, ALaterFlashBeginsAnew) {
+    bar.flash(QStringLiteral("one"));
+    bar.flash(QStringLiteral("two"));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("two"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
+}
+
+TEST_F(StatusBarViewTest, APinnedNoticeStaysAndItsLinkActs) {
+    int runs = 0;
+    bar.pin(QStringLiteral("kept"), QStringLiteral("Put it back"), [&] { ++runs; });
+    EXPECT_EQ(bar.leftText(), QStringLiteral("kept · Put it back"));
+    bar.update(QStringLiteral("/home/me/11-22.md"), QString());
+    EXPECT_EQ(bar.leftText(), QStringLiteral("kept · Put it back"));
+    click();
+    EXPECT_EQ(runs, 1);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(2, 10));
+    EXPECT_EQ(runs, 1);
+    bar.setFocus();
+    QTest::keyClick(&bar, Qt::Key_Return);
+    EXPECT_EQ(runs, 2);
+    bar.unpin();
+    EXPECT_EQ(bar.leftText(), QStringLiteral("~/11-22.md"));
+    EXPECT_TRUE(bar.linkRect().isEmpty());
+}
+
+TEST_F(StatusBarViewTest, AFlashDuringAPinnedNoticeReturnsToTheNotice) {
+    int runs = 0;
+    bar.pin(QStringLiteral("kept"), QStringLiteral("link"), [&] { ++runs; });
+    const QPoint link = bar.linkRect().center();
+    bar.flash(QStringLiteral("merged"));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("merged"));
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, link);
+    EXPECT_EQ(runs, 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("kept · link"));
+    click();
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(StatusBarViewTest, APinUnderAFlashWaits) {
+    bar.flash(QStringLiteral("merged"));
+    bar.pin(QStringLiteral("kept"), QString(), {});
+    EXPECT_EQ(bar.leftText(), QStringLiteral("merged"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
+    EXPECT_EQ(bar.leftText(), QStringLiteral("kept"));
+}
+
+TEST_F(StatusBarViewTest, ALaterPinReplacesTheEarlier) {
+    bar.pin(QStringLiteral("one"), QStringLiteral("a"), {});
+    bar.pin(QStringLiteral("two"), QStringLiteral("b"), {});
+    EXPECT_EQ(bar.leftText(), QStringLiteral("two · b"));
+}
+
+TEST_F(StatusBarViewTest, AnActionMayPinAnotherNotice) {
+    bar.pin(QStringLiteral("one"), QStringLiteral("a"),
+            [&] { bar.pin(QStringLiteral("two"), QStringLiteral("b"), {}); });
+    click();
+    EXPECT_EQ(bar.leftText(), QStringLiteral("two · b"));
+}
+
+}  // namespace
+}  // namespace velmar

@@ -1,0 +1,229 @@
+#include "DiaryApp/Editor/DraftEditor.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QMimeData>
+#include <QtGui/QClipboard>
+#include <QtGui/QInputMethodEvent>
+#include <QtGui/QTextBlock>
+#include <QtTest/QTest>
+#include <random>
+
+#include "DiaryApp/Appearance/Appearance.h"
+
+namespace velmar {
+namespace {
+
+class DraftEditorTest : public testing::Test {
+protected:
+    DraftEditorTest() {
+        appearance::prepare();
+        editor.resize(640, 400);
+        editor.onDraftChanged = [this](const QString& draft) { drafts.append(draft); };
+        editor.show();
+        editor.setFocus();
+    }
+
+    void compose(const QString& preedit) {
+        QInputMethodEvent event(preedit, {});
+        QCoreApplication::sendEvent(&editor, &event);
+    }
+
+    void commit(const QString& text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QCoreApplication::sendEvent(&editor, &event);
+    }
+
+    void caretAt(int position) {
+        QTextCursor cursor = editor.textCursor();
+        cursor.setPosition(position);
+        editor.setTextCursor(cursor);
+    }
+
+    void select(int from, int to) {
+        QTextCursor cursor = editor.textCursor();
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        editor.setTextCursor(cursor);
+    }
+
+    DraftEditor editor;
+    QStringList drafts;
+};
+
+const QString& hostile() {
+    static const QString text = QStringLiteral(
+        "a\r\nb\rc\u2029d\u2028e\u00A0f\uFDD0g\uFDD1h\uFFFCi\u200Bj\tk  \n\n\U0001F600 "
+        "\u0301x\uFEFF\n");
+    return text;
+}
+
+TEST_F(DraftEditorTest, LoadsWithoutACallbackAndPutsTheCaretAtTheEnd) {
+    editor.load(QStringLiteral("one\ntwo"));
+    EXPECT_TRUE(drafts.isEmpty());
+    EXPECT_EQ(editor.textCursor().position(), 7);
+    EXPECT_FALSE(editor.document()->isUndoAvailable());
+}
+
+TEST_F(DraftEditorTest, KeepsEveryCharacterThatWasNotTyped) {
+    editor.load(hostile());
+    EXPECT_EQ(editor.draft(), hostile());
+    QTest::keyClicks(&editor, QStringLiteral("end"));
+    EXPECT_EQ(editor.draft(), hostile() + QStringLiteral("end"));
+    caretAt(0);
+    QTest::keyClicks(&editor, QStringLiteral("start"));
+    EXPECT_EQ(editor.draft(), QStringLiteral("start") + hostile() + QStringLiteral("end"));
+}
+
+TEST_F(DraftEditorTest, UndoAndRedoOfALargeDeletionGiveBackTheExactText) {
+    editor.load(hostile());
+    editor.selectAll();
+    QTest::keyClick(&editor, Qt::Key_Delete);
+    EXPECT_TRUE(editor.draft().isEmpty());
+    editor.undo();
+    EXPECT_EQ(editor.draft(), hostile());
+    editor.redo();
+    EXPECT_TRUE(editor.draft().isEmpty());
+}
+
+TEST_F(DraftEditorTest, CopiesTheExactText) {
+    editor.load(hostile());
+    editor.selectAll();
+    editor.copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), hostile());
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    EXPECT_FALSE(data->hasHtml());
+}
+
+TEST_F(DraftEditorTest, CutTakesTheTextAway) {
+    editor.load(QStringLiteral("one two\r\nthree"));
+    select(4, 9);
+    editor.cut();
+    EXPECT_EQ(editor.draft(), QStringLiteral("one three"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("two\r\n"));
+    ASSERT_FALSE(drafts.isEmpty());
+    EXPECT_EQ(drafts.last(), QStringLiteral("one three"));
+}
+
+TEST_F(DraftEditorTest, PastesPlainTextWithPlainLineEnds) {
+    auto* data = new QMimeData;
+    data->setHtml(QStringLiteral("<b>x</b>"));
+    data->setText(QStringLiteral("x\r\ny\u00A0z\rw"));
+    QGuiApplication::clipboard()->setMimeData(data);
+    editor.load(QStringLiteral("ab"));
+    caretAt(1);
+    editor.paste();
+    EXPECT_EQ(editor.draft(), QStringLiteral("ax\ny\u00A0z\nwb"));
+    editor.undo();
+    EXPECT_EQ(editor.draft(), QStringLiteral("ab"));
+}
+
+TEST_F(DraftEditorTest, ReturnBreaksTheLineWithShiftToo) {
+    QTest::keyClicks(&editor, QStringLiteral("a"));
+    QTest::keyClick(&editor, Qt::Key_Return);
+    QTest::keyClicks(&editor, QStringLiteral("b"));
+    QTest::keyClick(&editor, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(&editor, QStringLiteral("c"));
+    EXPECT_EQ(editor.draft(), QStringLiteral("a\nb\nc"));
+}
+
+TEST_F(DraftEditorTest, TextInCompositionIsNoPartOfTheDraft) {
+    editor.load(QStringLiteral("ab"));
+    caretAt(1);
+    compose(QStringLiteral("ni"));
+    compose(QStringLiteral("ni hao"));
+    EXPECT_EQ(editor.draft(), QStringLiteral("ab"));
+    EXPECT_TRUE(drafts.isEmpty());
+    commit(QStringLiteral("你好"));
+    EXPECT_EQ(editor.draft(), QStringLiteral("a你好b"));
+    EXPECT_EQ(drafts, QStringList{QStringLiteral("a你好b")});
+}
+
+TEST_F(DraftEditorTest, ACancelledCompositionChangesNothing) {
+    editor.load(QStringLiteral("a\r\nb"));
+    caretAt(2);
+    compose(QStringLiteral("かな"));
+    compose(QString());
+    EXPECT_EQ(editor.draft(), QStringLiteral("a\r\nb"));
+    EXPECT_TRUE(drafts.isEmpty());
+}
+
+TEST_F(DraftEditorTest, LoadingDropsAComposition) {
+    editor.load(QStringLiteral("first"));
+    compose(QStringLiteral("xyz"));
+    editor.load(QStringLiteral("second"));
+    EXPECT_EQ(editor.draft(), QStringLiteral("second"));
+    EXPECT_TRUE(drafts.isEmpty());
+}
+
+TEST_F(DraftEditorTest, ReadOnlyTakesNoInput) {
+    editor.load(QStringLiteral("text"));
+    editor.setReadOnly(true);
+    QTest::keyClicks(&editor, QStringLiteral("x"));
+    QTest::keyClick(&editor, Qt::Key_Return);
+    QGuiApplication::clipboard()->setText(QStringLiteral("y"));
+    editor.paste();
+    EXPECT_EQ(editor.draft(), QStringLiteral("text"));
+}
+
+TEST_F(DraftEditorTest, GrowsWithItsText) {
+    EXPECT_EQ(editor.textHeight(), 76);
+    editor.load(QStringLiteral("1\n2\n3\n4"));
+    EXPECT_EQ(editor.textHeight(), 4 * DraftEditor::rhythm);
+}
+
+// Random work on the document against a plain string that gets the same edits.
+TEST_F(DraftEditorTest, FollowsTenThousandRandomEdits) {
+    std::mt19937 random(20261121);
+    const auto pick = [&](int below) {
+        return static_cast<int>(random() % static_cast<unsigned>(below));
+    };
+    const QStringList pieces = {QStringLiteral("a"),     QStringLiteral("wort "),
+                                QStringLiteral("\n"),    QStringLiteral("好"),
+                                QStringLiteral("x\ny"),  QStringLiteral("\U0001F600"),
+                                QStringLiteral("\u00A0")};
+    QString model = hostile();
+    editor.load(model);
+    for (int step = 0; step < 10'000; ++step) {
+        const int from = pick(static_cast<int>(model.size()) + 1);
+        const int length = pick(4) == 0 ? pick(6) : 0;
+        const int to = qMin(from + length, static_cast<int>(model.size()));
+        const QString piece = pick(3) == 0 ? QString() : pieces[pick(int(pieces.size()))];
+        QTextCursor cursor(editor.document());
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        // A caret doesn't stand inside a pair of surrogates, so the document may have taken less.
+        const int start = cursor.selectionStart();
+        const int end = cursor.selectionEnd();
+        cursor.insertText(piece);
+        model.replace(start, end - start, piece);
+        ASSERT_EQ(editor.draft(), model) << "step " << step;
+        if (model.size() > 400) {
+            model = hostile();
+            editor.load(model);
+        }
+    }
+    EXPECT_FALSE(drafts.isEmpty());
+}
+
+TEST_F(DraftEditorTest, UndoneToTheStartTheDraftIsTheLoadedOne) {
+    std::mt19937 random(7);
+    editor.load(hostile());
+    for (int step = 0; step < 300; ++step) {
+        const int size = editor.document()->characterCount() - 1;
+        caretAt(static_cast<int>(random() % static_cast<unsigned>(size + 1)));
+        if (random() % 3 == 0) {
+            QTest::keyClick(&editor, Qt::Key_Backspace);
+        } else {
+            QTest::keyClick(&editor, static_cast<char>('a' + random() % 26));
+        }
+        ASSERT_EQ(editor.draft().size(), editor.document()->characterCount() - 1);
+    }
+    EXPECT_NE(editor.draft(), hostile());
+    while (editor.document()->isUndoAvailable()) editor.undo();
+    EXPECT_EQ(editor.draft(), hostile());
+}
+
+}  // namespace
+}  // namespace velmar

@@ -1,0 +1,156 @@
+#include "DiaryApp/Entry/EntryView.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QInputMethodEvent>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
+#include <QtTest/QTest>
+#include <QtWidgets/QScrollBar>
+
+#include "DiaryApp/Appearance/Appearance.h"
+#include "DiaryApp/Appearance/Button.h"
+#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Entry/DayHead.h"
+
+namespace velmar {
+namespace {
+
+class EntryViewTest : public testing::Test {
+protected:
+    EntryViewTest()
+        : settings(std::make_unique<QSettings>(folder.filePath(QStringLiteral("s.ini")),
+                                               QSettings::IniFormat),
+                   folder.path(), QProcessEnvironment()),
+          view((appearance::prepare(), settings)) {
+        localization::install(Language::en);
+        appearance::apply(settings);
+        view.resize(840, 740);
+        view.show();
+        view.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+        view.onDraftChanged = [this](const QString& draft) { drafts.append(draft); };
+        show();
+        view.focusEditor();
+    }
+
+    void show() { view.update(entryModel(state)); }
+
+    DraftEditor& editor() { return *view.editor(); }
+
+    QTemporaryDir folder;
+    Settings settings;
+    EntryView view;
+    QStringList drafts;
+    EntryState state{.day = {11, 21},
+                     .viewedYear = 2026,
+                     .currentYear = 2026,
+                     .draft = QString(),
+                     .pastEntries = {}};
+};
+
+QString manyLines(int count) {
+    return QStringList(count, QStringLiteral("line")).join(QLatin1Char('\n'));
+}
+
+TEST_F(EntryViewTest, TypingCallsBackWithTheDraft) {
+    QTest::keyClicks(&editor(), QStringLiteral("ab"));
+    EXPECT_EQ(drafts, (QStringList{QStringLiteral("a"), QStringLiteral("ab")}));
+    EXPECT_EQ(view.draft(), QStringLiteral("ab"));
+}
+
+TEST_F(EntryViewTest, NewLabelsLeaveTheEditorAlone) {
+    QTest::keyClicks(&editor(), QStringLiteral("abc"));
+    QTest::keyClick(&editor(), Qt::Key_Left);
+    QInputMethodEvent composing(QStringLiteral("ni"), {});
+    QCoreApplication::sendEvent(&editor(), &composing);
+    state.draft = view.draft();
+    state.pastEntries = {{2020, QStringLiteral("x")}};
+    show();
+    EXPECT_EQ(editor().textCursor().position(), 2);
+    EXPECT_TRUE(editor().document()->isUndoAvailable());
+    EXPECT_EQ(editor().textCursor().block().layout()->preeditAreaText(), QStringLiteral("ni"));
+    EXPECT_EQ(drafts.size(), 3);
+}
+
+TEST_F(EntryViewTest, AnotherDayLoadsItsDraftWithoutHistory) {
+    QTest::keyClicks(&editor(), QStringLiteral("abc"));
+    state.day = {11, 22};
+    state.draft = QStringLiteral("the next day");
+    show();
+    EXPECT_EQ(view.draft(), QStringLiteral("the next day"));
+    EXPECT_FALSE(editor().document()->isUndoAvailable());
+    EXPECT_EQ(drafts.size(), 3);
+}
+
+TEST_F(EntryViewTest, AnotherYearWithAnEqualDraftHasNoHistoryEither) {
+    QTest::keyClicks(&editor(), QStringLiteral("abc"));
+    state.viewedYear = 2025;
+    state.draft = QStringLiteral("abc");
+    show();
+    EXPECT_FALSE(editor().document()->isUndoAvailable());
+}
+
+TEST_F(EntryViewTest, AReloadedDraftIsShown) {
+    state.draft = QStringLiteral("from elsewhere");
+    show();
+    EXPECT_EQ(view.draft(), QStringLiteral("from elsewhere"));
+    EXPECT_TRUE(drafts.isEmpty());
+}
+
+TEST_F(EntryViewTest, TheHintTakesTheEditorsPlace) {
+    state.day = {2, 29};
+    show();
+    EXPECT_FALSE(editor().isVisible());
+    state.viewedYear = 2024;
+    show();
+    EXPECT_TRUE(editor().isVisible());
+}
+
+TEST_F(EntryViewTest, ScrollsAsAWholeAndKeepsTheCaretInView) {
+    state.draft = manyLines(60);
+    show();
+    EXPECT_EQ(editor().height() >= 60 * DraftEditor::rhythm, true);
+    view.scrollToTop();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    const QPoint caret = editor().mapTo(view.viewport(), editor().caretRect().center());
+    EXPECT_TRUE(view.viewport()->rect().contains(caret)) << caret.y();
+    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(EntryViewTest, GrowsWhileTyping) {
+    state.draft = manyLines(3);
+    show();
+    const int before = editor().height();
+    QTest::keyClick(&editor(), Qt::Key_Return);
+    EXPECT_EQ(editor().height(), before + DraftEditor::rhythm);
+}
+
+TEST_F(EntryViewTest, TakesNoInputWhileItIsNotEditable) {
+    view.setEditable(false);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    show();
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    EXPECT_TRUE(view.draft().isEmpty());
+    view.setEditable(true);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    EXPECT_EQ(view.draft(), QStringLiteral("x"));
+}
+
+TEST_F(EntryViewTest, TheStepsCallBack) {
+    int steps = 0;
+    view.onPreviousDay = [&] { steps -= 1; };
+    view.onNextDay = [&] { steps += 10; };
+    auto* head = view.findChild<DayHead*>();
+    ASSERT_NE(head, nullptr);
+    QTest::mouseClick(head->previous(), Qt::LeftButton);
+    EXPECT_EQ(steps, -1);
+    QTest::mouseClick(head->next(), Qt::LeftButton);
+    EXPECT_EQ(steps, 9);
+    EXPECT_EQ(head->next()->accessibleName(), QStringLiteral("Next Day"));
+}
+
+}  // namespace
+}  // namespace velmar
