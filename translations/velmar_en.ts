@@ -173,6 +173,11 @@
         <source></source>
         <translation>Merged with what another device wrote on this day</translation>
     </message>
+    <message id="CannotLeaveNotice">
+        <source></source>
+        <extracomment>%1 is a day, 11-21.</extracomment>
+        <translation>%1 can be neither saved nor kept elsewhere, so it stays open</translation>
+    </message>
     <message id="KeptOverwrittenNotice">
         <source></source>
         <extracomment>%1 is a day and year, 11-21 2026.</extracomment>

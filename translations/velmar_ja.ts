@@ -168,6 +168,11 @@
         <source></source>
         <translation>別のデバイスで書かれた内容と合わせました</translation>
     </message>
+    <message id="CannotLeaveNotice">
+        <source></source>
+        <extracomment>%1 is a day, 11-21.</extracomment>
+        <translation>%1 は保存も退避もできないため、開いたままにします</translation>
+    </message>
     <message id="KeptOverwrittenNotice">
         <source></source>
         <extracomment>%1 is a day and year, 11-21 2026.</extracomment>

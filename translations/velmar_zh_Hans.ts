@@ -168,6 +168,11 @@
         <source></source>
         <translation>已与另一台设备写的内容合并</translation>
     </message>
+    <message id="CannotLeaveNotice">
+        <source></source>
+        <extracomment>%1 is a day, 11-21.</extracomment>
+        <translation>%1 既无法保存，也无法另存，因此保持打开</translation>
+    </message>
     <message id="KeptOverwrittenNotice">
         <source></source>
         <extracomment>%1 is a day and year, 11-21 2026.</extracomment>

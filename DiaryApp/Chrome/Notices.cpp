@@ -39,6 +39,10 @@ QString mergedRemote() {
     return qtTrId("MergedRemoteNotice");
 }
 
+QString cannotLeave(const QString& day) {
+    return qtTrId("CannotLeaveNotice").arg(day);
+}
+
 QString kept(diary::KeptReason reason, const QString& day, std::optional<int> year) {
     switch (reason) {
         case diary::KeptReason::Overwritten:

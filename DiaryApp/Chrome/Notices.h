@@ -13,6 +13,8 @@ namespace velmar::notices {
 [[nodiscard]] QString conflictMarker();
 // After a merge of conflict versions.
 [[nodiscard]] QString mergedRemote();
+// A draft can be neither saved nor kept, so the day stays open. `day` is "11-21".
+[[nodiscard]] QString cannotLeave(const QString& day);
 
 // After a text was kept. `day` is "11-21"; the year is shown with it where it is known.
 [[nodiscard]] QString kept(diary::KeptReason reason, const QString& day, std::optional<int> year);

@@ -8,18 +8,11 @@
 #include <vector>
 
 #include "DiaryApp/Appearance/Theme.h"
+#include "DiaryApp/Session/PastEntry.h"
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryKit/Vault/MonthDay.h"
 
 namespace velmar {
-
-// A written year of the day that isn't the current one.
-struct PastEntry {
-    int year = 0;
-    QString body;
-
-    bool operator==(const PastEntry&) const = default;
-};
 
 // The part of the session's state that the page depends on.
 struct EntryState {

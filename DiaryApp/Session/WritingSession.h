@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "DiaryApp/Session/OneShotTimer.h"
+#include "DiaryApp/Session/PastEntry.h"
 #include "DiaryApp/Session/SessionView.h"
 #include "DiaryKit/Files/RecoveryDrafts.h"
 #include "DiaryKit/Vault/DiaryDay.h"
@@ -20,14 +21,6 @@
 #include "DiaryKit/Vault/SectionSave.h"
 
 namespace velmar {
-
-// A year of the day in view, other than the current one, that has text.
-struct PastEntry {
-    int year = 0;
-    QString body;
-
-    bool operator==(const PastEntry&) const = default;
-};
 
 enum class Focus { Editor, Unchanged };
 

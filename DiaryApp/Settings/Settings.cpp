@@ -138,6 +138,14 @@ QStringList Settings::recentSearches() const {
     return m_store->value(key::kRecentSearches).toStringList();
 }
 
+QByteArray Settings::windowFrame(QLatin1String name) const {
+    return m_store->value(QLatin1String("windowFrame/") + name).toByteArray();
+}
+
+void Settings::setWindowFrame(QLatin1String name, const QByteArray& frame) {
+    m_store->setValue(QLatin1String("windowFrame/") + name, frame);
+}
+
 bool Settings::ranBefore() const {
     return hasOnboarded() || vaultPath() || m_store->contains(key::kLastUpdateCheck);
 }

@@ -50,6 +50,10 @@ public:
     // Newest first, at most five.
     [[nodiscard]] QStringList recentSearches() const;
 
+    // Place and size of the window of that name, as QWidget::saveGeometry() gave them; empty before.
+    [[nodiscard]] QByteArray windowFrame(QLatin1String name) const;
+    void setWindowFrame(QLatin1String name, const QByteArray& frame);
+
     // Whether Velmar was used here before: the test for an existing user.
     [[nodiscard]] bool ranBefore() const;
 
