@@ -1,6 +1,4 @@
 // Writes that the system itself refuses: a real full disk, real permissions.
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,12 +9,15 @@
 #include "DiaryKit/Files/KeptTexts.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "tests/support/ForkedStep.h"
+#include "tests/support/SystemRefusals.h"
 #include "tests/support/TemporaryVault.h"
 
 namespace diary {
 namespace {
 
-constexpr uid_t kNobody = 65534;
+using test::becomeOrdinaryUser;
+using test::kNobody;
+using test::mountSmallDisk;
 
 QString day() {
     return QStringLiteral("03-07.md");
@@ -30,18 +31,6 @@ int writeCode(const QString& path, const QByteArray& bytes) {
         return error.code();
     }
     return 0;
-}
-
-// A file system of 64 KiB over the folder, for this process alone. False without the right to it.
-bool mountSmallDisk(const QByteArray& folder) {
-    return ::unshare(CLONE_NEWNS) == 0 &&
-           ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           ::mount("tmpfs", folder.constData(), "tmpfs", 0, "size=64k") == 0;
-}
-
-// Makes this process an ordinary user's for good.
-bool becomeOrdinaryUser() {
-    return ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0 && ::geteuid() == kNobody;
 }
 
 QStringList allNames(const QString& folder) {

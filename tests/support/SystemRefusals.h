@@ -1,0 +1,27 @@
+// Makes the system itself refuse writes, for this process alone and for good: to be called in a
+// forked step. Both need the superuser.
+#pragma once
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <QtCore/QByteArray>
+
+namespace diary::test {
+
+inline constexpr uid_t kNobody = 65534;
+
+// A file system of 64 KiB over the folder. False without the right to mount.
+inline bool mountSmallDisk(const QByteArray& folder) {
+    return ::unshare(CLONE_NEWNS) == 0 &&
+           ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           ::mount("tmpfs", folder.constData(), "tmpfs", 0, "size=64k") == 0;
+}
+
+// Goes on as an ordinary user, to whom nothing of the test's folders belongs.
+inline bool becomeOrdinaryUser() {
+    return ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0 && ::geteuid() == kNobody;
+}
+
+}  // namespace diary::test
