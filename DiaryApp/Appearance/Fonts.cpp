@@ -3,6 +3,7 @@
 #include <QtCore/QDir>
 #include <QtGui/QFontDatabase>
 #include <cmath>
+#include <utility>
 
 namespace velmar::fonts {
 
@@ -11,6 +12,12 @@ namespace {
 Language& language() {
     static Language current = Language::en;
     return current;
+}
+
+// The ids of the fonts that are registered now.
+QList<int>& loadedFonts() {
+    static QList<int> ids;
+    return ids;
 }
 
 QString cjk(const QString& kind) {
@@ -23,22 +30,27 @@ QFont make(const QString& family, const QString& behind, double size, QFont::Wei
     font.setFamilies({family, behind});
     font.setPixelSize(pixelSize(size));
     font.setWeight(weight);
+    // Hinting would make small Chinese and Japanese text a good deal darker than the Latin beside
+    // it.
+    font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
 
 }  // namespace
 
 void load() {
-    static bool isLoaded = false;
-    if (std::exchange(isLoaded, true)) return;
+    if (!loadedFonts().isEmpty()) return;
     const QDir folder(QStringLiteral(":/fonts"));
     for (const QString& name : folder.entryList()) {
-        QFontDatabase::addApplicationFont(folder.filePath(name));
+        loadedFonts().append(QFontDatabase::addApplicationFont(folder.filePath(name)));
     }
 }
 
 void setLanguage(Language chosen) {
-    language() = chosen;
+    if (std::exchange(language(), chosen) == chosen || loadedFonts().isEmpty()) return;
+    // Qt keeps what it found for a family's missing shapes until the list of fonts changes.
+    for (const int id : std::exchange(loadedFonts(), {})) QFontDatabase::removeApplicationFont(id);
+    load();
 }
 
 QFont body(const Settings& settings, double size) {
