@@ -129,14 +129,23 @@ bool DraftEditor::isComposing() const {
     return layout != nullptr && !layout->preeditAreaText().isEmpty();
 }
 
+// The row of the rhythm that the caret stands in. Qt's own rectangle of the caret tells where the
+// line's glyphs begin, which differs with the fonts that stand in for missing letters.
+double DraftEditor::caretRowTop() const {
+    const QTextCursor caret = textCursor();
+    const QTextBlock block = caret.block();
+    const QTextLine line = block.layout()->lineForTextPosition(caret.positionInBlock());
+    const double blockTop = document()->documentLayout()->blockBoundingRect(block).top();
+    return blockTop + (line.isValid() ? line.lineNumber() * rhythm : 0);
+}
+
 QRect DraftEditor::caretRect() const {
-    const QRectF line = cursorRect();
     const QFontMetricsF metrics(document()->defaultFont());
     const double height = std::ceil(metrics.ascent() + metrics.descent()) + 2;
     // The text's middle stands in the middle of its ascent and descent, above the fixed line's.
-    const double baseline = line.top() + kFixedBaseline * rhythm;
+    const double baseline = caretRowTop() + kFixedBaseline * rhythm;
     const double middle = baseline - (metrics.ascent() - metrics.descent()) / 2;
-    return {qRound(line.left()) - 1, qRound(middle - height / 2), kCaretWidth,
+    return {qRound(QRectF(cursorRect()).left()) - 1, qRound(middle - height / 2), kCaretWidth,
             static_cast<int>(height)};
 }
 

@@ -59,6 +59,7 @@ private:
     void takeChange(int position, int removed, int added);
     void announce();
     void setRhythm();
+    [[nodiscard]] double caretRowTop() const;
     void paintCaret(QPainter& painter) const;
     void paintPlaceholder(QPainter& painter) const;
     [[nodiscard]] bool isComposing() const;

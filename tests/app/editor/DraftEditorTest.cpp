@@ -174,6 +174,22 @@ TEST_F(DraftEditorTest, GrowsWithItsText) {
 }
 
 // Random work on the document against a plain string that gets the same edits.
+TEST_F(DraftEditorTest, TheCaretStandsInItsRowWhateverTheLettersThere) {
+    editor.load(QString());
+    const int first = editor.caretRect().center().y();
+    for (const QString& text : {QStringLiteral("latin"), QStringLiteral("日記を書く"),
+                                QStringLiteral("e\u0301\U0001F600")}) {
+        editor.load(text);
+        EXPECT_EQ(editor.caretRect().center().y(), first) << text.toStdString();
+        editor.load(text + QStringLiteral("\n\n") + text);
+        EXPECT_EQ(editor.caretRect().center().y(), first + 2 * DraftEditor::rhythm);
+    }
+    editor.load(QString(200, u'w'));
+    caretAt(200);
+    EXPECT_EQ((editor.caretRect().center().y() - first) % DraftEditor::rhythm, 0);
+    EXPECT_GT(editor.caretRect().center().y(), first);
+}
+
 TEST_F(DraftEditorTest, FollowsTenThousandRandomEdits) {
     std::mt19937 random(20261121);
     const auto pick = [&](int below) {
