@@ -1,5 +1,7 @@
 #include "DiaryApp/Chrome/Notices.h"
 
+#include "DiaryApp/Settings/Localization.h"
+
 #include <cerrno>
 #include <cstring>
 
@@ -33,6 +35,10 @@ QString cause(int code) {
 
 QString conflictMarker() {
     return qtTrId("ConflictMarker");
+}
+
+QStringList conflictMarkers() {
+    return localization::textInAllLanguages("ConflictMarker");
 }
 
 QString mergedRemote() {

@@ -11,6 +11,8 @@ namespace velmar::notices {
 
 // Stands in the diary between two texts of one year that were merged.
 [[nodiscard]] QString conflictMarker();
+// The same line in every language of the interface.
+[[nodiscard]] QStringList conflictMarkers();
 // After a merge of conflict versions.
 [[nodiscard]] QString mergedRemote();
 // A draft can be neither saved nor kept, so the day stays open. `day` is "11-21".

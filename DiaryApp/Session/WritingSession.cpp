@@ -266,7 +266,7 @@ void WritingSession::loadDraft() {
 void WritingSession::resolveConflicts() {
     const QString marker =
         m_environment.conflictMarker ? m_environment.conflictMarker() : QString();
-    switch (m_store.resolveConflicts(m_monthDay, marker)) {
+    switch (m_store.resolveConflicts(m_monthDay, marker, m_environment.otherMarkers)) {
         case diary::DiaryStore::Conflicts::None:
             break;
         case diary::DiaryStore::Conflicts::Merged:

@@ -36,6 +36,8 @@ public:
         MakeOneShotTimer makeTimer = makeEventLoopTimer;
         // The line that stands between two machines' texts of one year.
         std::function<QString()> conflictMarker;
+        // That line as machines with another language write it.
+        std::function<QStringList()> otherMarkers;
         // Where the draft is remembered until it is saved; empty for nowhere.
         QString recoveryFolder;
     };

@@ -84,6 +84,17 @@ void install(Language language) {
     if (translator->load(row(language).file)) QCoreApplication::installTranslator(translator);
 }
 
+QStringList textInAllLanguages(const char* key) {
+    QStringList texts;
+    for (const Language language : {Language::en, Language::zhHans, Language::ja}) {
+        QTranslator translator;
+        if (!translator.load(row(language).file)) continue;
+        const QString text = translator.translate("", key);
+        if (!text.isEmpty()) texts += text;
+    }
+    return texts;
+}
+
 Language installedLanguage() {
     return installed();
 }

@@ -35,6 +35,10 @@ namespace localization {
 // again; widgets get a LanguageChange event for that.
 void install(Language language);
 
+// The text of a key in every language of the interface, whichever is installed. Reads the other
+// languages' texts afresh, so it isn't for every keystroke.
+[[nodiscard]] QStringList textInAllLanguages(const char* key);
+
 // The language installed last; English before the first.
 [[nodiscard]] Language installedLanguage();
 

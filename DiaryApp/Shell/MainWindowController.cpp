@@ -23,6 +23,7 @@ MainWindowController::MainWindowController(Settings& settings,
       m_window(std::make_unique<MainWindow>(settings)) {
     WritingSession::Environment environment;
     environment.conflictMarker = notices::conflictMarker;
+    environment.otherMarkers = notices::conflictMarkers;
     environment.recoveryFolder = diary::userStateFolder() + QLatin1String("/recovery/") +
                                  m_store->keptTexts().folder().section(u'/', -1);
     m_session = std::make_unique<WritingSession>(*m_store, sessionView(), environment);

@@ -2,6 +2,8 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QRandomGenerator>
+#include <QtCore/QStringList>
+#include <algorithm>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/Background.h"
@@ -23,6 +25,20 @@ bool holdsYearSection(const QByteArray& bytes) {
     QString text = utf8::decodedWithRepair(bytes);
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     return !YearSectionParser::sections(text).empty();
+}
+
+// The text with our marker on every line that is one of the others.
+QString withMarker(const QString& text, const QString& marker, const QStringList& others) {
+    if (std::none_of(others.begin(), others.end(), [&](const QString& other) {
+            return other != marker && YearSectionParser::holdsOnOwnLines(text, other);
+        })) {
+        return text;
+    }
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines) {
+        if (others.contains(line)) line = marker;
+    }
+    return lines.join(u'\n');
 }
 
 // Whether the version was put away. One that can't be moved is met again, which does no harm: its
@@ -83,12 +99,14 @@ bool DiaryStore::isAwaitingDownload(const MonthDay& day) const {
     return true;
 }
 
-DiaryStore::Conflicts DiaryStore::resolveConflicts(const MonthDay& day,
-                                                   const QString& conflictMarker) {
+DiaryStore::Conflicts DiaryStore::resolveConflicts(
+    const MonthDay& day, const QString& conflictMarker,
+    const std::function<QStringList()>& otherMarkers) {
     const ConflictVersions versions(m_root);
     const std::vector<ConflictVersion> unresolved =
         versions.unresolved(fileURL(day), holdsYearSection);
     if (unresolved.empty()) return Conflicts::None;
+    const QStringList others = otherMarkers ? otherMarkers() : QStringList();
     QString merged;
     bool isChanged = false;
     bool isSaved = true;
@@ -102,8 +120,9 @@ DiaryStore::Conflicts DiaryStore::resolveConflicts(const MonthDay& day,
         for (const ConflictVersion& version : unresolved) {
             const auto bytes = atomicfile::tryRead(version.path);
             if (!bytes) continue;
-            merged = YearSectionParser::mergingVersion(merged, utf8::decodedWithRepair(*bytes), day,
-                                                       conflictMarker);
+            const QString text =
+                withMarker(utf8::decodedWithRepair(*bytes), conflictMarker, others);
+            merged = YearSectionParser::mergingVersion(merged, text, day, conflictMarker);
         }
         isChanged = merged != before;
         return merged;

@@ -61,8 +61,11 @@ public:
     [[nodiscard]] bool isAwaitingDownload(const MonthDay& day) const;
 
     // Takes the unresolved conflict versions of the day into its file and puts them away. A year
-    // that both sides wrote differently holds both texts, `conflictMarker` on a line between.
-    Conflicts resolveConflicts(const MonthDay& day, const QString& conflictMarker);
+    // that both sides wrote differently holds both texts, `conflictMarker` on a line between. A
+    // copy that another machine merged in another language has one of `otherMarkers` there; it is
+    // read with ours, so that one merge made twice is one text. They are asked for only then.
+    Conflicts resolveConflicts(const MonthDay& day, const QString& conflictMarker,
+                               const std::function<QStringList()>& otherMarkers = {});
 
     // Makes the next look at the folder list it anew. What is known of files stays; their stamps
     // tell whether it still holds.

@@ -81,6 +81,15 @@ TEST_F(Conflicts, AreKeptWhenTheMergeCannotBeSaved) {
     EXPECT_TRUE(vault.exists(QStringLiteral(".velmar/conflicts/") + kCopy));
 }
 
+TEST_F(Conflicts, DoNotDoubleAMergeThatAnotherMachineMadeInAnotherLanguage) {
+    const QByteArray ours("# 11-21\n\n## 2026\n\nhere\n\n(also written elsewhere)\n\nthere\n");
+    vault.write(QStringLiteral("11-21.md"), ours);
+    vault.write(kCopy, "# 11-21\n\n## 2026\n\nhere\n\n(ailleurs aussi)\n\nthere\n");
+    session->open(today, Focus::Editor);
+    EXPECT_EQ(file().toUtf8(), ours);
+    EXPECT_FALSE(vault.exists(kCopy));
+}
+
 TEST_F(Conflicts, DoNotDoubleATextThatTwoMachinesTakeIn) {
     const QByteArray main("# 11-21\n\n## 2026\n\nhere\n");
     const QByteArray copy("# 11-21\n\n## 2026\n\nthere\n");

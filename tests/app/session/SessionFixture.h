@@ -38,6 +38,10 @@ protected:
         environment.clock = &clock;
         environment.makeTimer = timers.maker();
         environment.conflictMarker = [] { return QStringLiteral("(also written elsewhere)"); };
+        environment.otherMarkers = [] {
+            return QStringList{QStringLiteral("(also written elsewhere)"),
+                               QStringLiteral("(ailleurs aussi)")};
+        };
         environment.recoveryFolder = recovery.path();
         return std::make_unique<WritingSession>(store, view(), environment);
     }

@@ -76,5 +76,11 @@ TEST_F(LocalizationTest, CountsHaveTheirPlurals) {
     localization::install(Language::en);
 }
 
+TEST(TextInAllLanguages, GivesEachLanguagesOwnText) {
+    const QStringList markers = localization::textInAllLanguages("ConflictMarker");
+    EXPECT_EQ(QSet<QString>(markers.begin(), markers.end()).size(), 3);
+    EXPECT_TRUE(localization::textInAllLanguages("NoSuchKey").isEmpty());
+}
+
 }  // namespace
 }  // namespace velmar
