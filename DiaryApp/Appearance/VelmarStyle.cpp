@@ -1,6 +1,8 @@
 #include "DiaryApp/Appearance/VelmarStyle.h"
 
+#include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QStyleOption>
@@ -108,6 +110,17 @@ void drawFocusRing(const QStyleOption& option, QPainter* painter) {
     painter->setBrush(Qt::NoBrush);
     painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), kRingRadius, kRingRadius);
     painter->restore();
+}
+
+// Without a compositor, which X11 may do without, see-through corners would be black: there the
+// menu's window itself has round ones.
+int menuMask(const QStyleOption* option, QStyleHintReturn* result) {
+    auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(result);
+    if (!mask || !option || QGuiApplication::platformName() != QLatin1String("xcb")) return 0;
+    QPainterPath shape;
+    shape.addRoundedRect(option->rect, kMenuRadius, kMenuRadius);
+    mask->region = QRegion(shape.toFillPolygon().toPolygon());
+    return 1;
 }
 
 }  // namespace
@@ -218,6 +231,8 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
             return 1;
         case SH_ToolTipLabel_Opacity:
             return 255;
+        case SH_Menu_Mask:
+            return menuMask(option, result);
         default:
             return QProxyStyle::styleHint(hint, option, widget, result);
     }

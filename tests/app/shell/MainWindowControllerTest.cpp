@@ -1,0 +1,174 @@
+// The window put together: what is typed into it, what it shows, how it closes.
+#include "DiaryApp/Shell/MainWindowController.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QElapsedTimer>
+#include <QtTest/QTest>
+
+#include "DiaryApp/Appearance/Appearance.h"
+#include "DiaryApp/Appearance/Button.h"
+#include "DiaryApp/Chrome/AlertSheet.h"
+#include "DiaryApp/Chrome/StatusBarView.h"
+#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Entry/EntryView.h"
+#include "DiaryApp/Settings/Localization.h"
+#include "DiaryApp/Shell/MainWindow.h"
+#include "DiaryKit/Vault/DiaryDay.h"
+#include "DiaryKit/Vault/YearSectionParser.h"
+#include "tests/support/Printing.h"
+#include "tests/support/TemporaryVault.h"
+
+namespace velmar {
+namespace {
+
+class MainWindowControllerTest : public testing::Test {
+protected:
+    MainWindowControllerTest()
+        : settings(std::make_unique<QSettings>(home.filePath(QStringLiteral("settings.ini")),
+                                               QSettings::IniFormat),
+                   home.path(), QProcessEnvironment()) {
+        appearance::prepare();
+        localization::install(Language::en);
+        appearance::apply(settings);
+        controller = makeController();
+    }
+    ~MainWindowControllerTest() override { localization::install(Language::en); }
+
+    std::unique_ptr<MainWindowController> makeController() {
+        auto made = std::make_unique<MainWindowController>(
+            settings, std::make_unique<diary::DiaryStore>(vault.path()));
+        made->onClosed = [this] { ++closed; };
+        made->show();
+        return made;
+    }
+
+    void type(const QString& text) const { QTest::keyClicks(editor(), text); }
+
+    [[nodiscard]] DraftEditor* editor() const {
+        return controller->window()->entryView()->editor();
+    }
+    [[nodiscard]] QString fileName() const { return today.monthDay().fileName(); }
+    [[nodiscard]] QString onDisk() const {
+        return diary::YearSectionParser::body(today.year,
+                                              QString::fromUtf8(vault.read(fileName())));
+    }
+
+    // Runs the event loop until the condition holds; false if it doesn't within ten seconds.
+    static bool waitUntil(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 10000);
+    }
+
+    QTemporaryDir home;
+    diary::test::TemporaryVault vault;
+    Settings settings;
+    diary::DiaryDay today = diary::DiaryDay::today();
+    int closed = 0;
+    std::unique_ptr<MainWindowController> controller;
+};
+
+TEST_F(MainWindowControllerTest, WritesWhatIsTypedASecondLater) {
+    type(QStringLiteral("words"));
+    EXPECT_TRUE(controller->window()->isWindowModified());
+    EXPECT_FALSE(vault.exists(fileName()));
+    EXPECT_TRUE(waitUntil([&] { return onDisk() == u"words"; }));
+    EXPECT_FALSE(controller->window()->isWindowModified());
+}
+
+TEST_F(MainWindowControllerTest, SavesAtTheCommand) {
+    type(QStringLiteral("words"));
+    controller->perform(Action::Save);
+    EXPECT_EQ(onDisk(), u"words");
+}
+
+TEST_F(MainWindowControllerTest, ShowsWhatAnotherProgramWrites) {
+    vault.write(fileName(), QStringLiteral("## %1\n\ntheirs\n").arg(today.year).toUtf8());
+    EXPECT_TRUE(waitUntil([&] { return editor()->draft() == u"theirs"; }));
+}
+
+TEST_F(MainWindowControllerTest, CountsTheCharactersOfTheDraft) {
+    type(QStringLiteral("a b"));
+    EXPECT_EQ(controller->window()->statusBar()->rightText(),
+              QStringLiteral("Viewing ## %1 · 2 chars").arg(today.year));
+}
+
+TEST_F(MainWindowControllerTest, WalksTheDays) {
+    controller->perform(Action::NextDay);
+    EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay().advanced(1));
+    controller->perform(Action::PreviousDay);
+    controller->perform(Action::PreviousDay);
+    EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay().advanced(-1));
+    controller->perform(Action::Today);
+    EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay());
+    EXPECT_EQ(controller->window()->windowTitle(), fileName() + QStringLiteral("[*]"));
+}
+
+TEST_F(MainWindowControllerTest, SavesWhenItCloses) {
+    type(QStringLiteral("words"));
+    controller->perform(Action::Quit);
+    EXPECT_EQ(onDisk(), u"words");
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(MainWindowControllerTest, ClosesAfterTheAlertOfAFailedSaveAndKeepsTheDraft) {
+    QDir().mkpath(vault.filePath(fileName()));
+    type(QStringLiteral("precious"));
+    controller->window()->close();
+    EXPECT_EQ(closed, 0);
+    auto* alert = controller->window()->findChild<AlertSheet*>();
+    ASSERT_NE(alert, nullptr);
+    alert->button()->click();
+    EXPECT_TRUE(waitUntil([&] { return closed == 1; }));
+    QDir(vault.filePath(fileName())).removeRecursively();
+    controller = makeController();
+    EXPECT_TRUE(controller->window()->statusBar()->leftText().contains(QLatin1String("kept")));
+}
+
+TEST_F(MainWindowControllerTest, PutsAKeptDraftBackAtTheLink) {
+    controller->session().store().keptTexts().keep(today.monthDay().headerTitle(), today.year,
+                                                   diary::KeptReason::UnsavedDraft, "precious",
+                                                   QDateTime::currentDateTime());
+    controller->perform(Action::Today);
+    StatusBarView* bar = controller->window()->statusBar();
+    ASSERT_FALSE(bar->linkRect().isEmpty());
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->linkRect().center());
+    EXPECT_EQ(editor()->draft(), u"precious");
+    EXPECT_EQ(onDisk(), u"precious");
+    EXPECT_TRUE(bar->linkRect().isEmpty());
+}
+
+TEST_F(MainWindowControllerTest, RemembersItsSize) {
+    controller->window()->resize(1200, 700);
+    controller->window()->close();
+    controller = makeController();
+    EXPECT_EQ(controller->window()->size(), QSize(1200, 700));
+}
+
+TEST_F(MainWindowControllerTest, IsNeverSmallerThanItsParts) {
+    controller->window()->resize(300, 200);
+    EXPECT_EQ(controller->window()->size(), MainWindow::leastSize);
+}
+
+TEST_F(MainWindowControllerTest, ChangesItsLanguageWithoutLosingAnUnsavedWord) {
+    type(QStringLiteral("words"));
+    localization::install(Language::ja);
+    controller->retranslate();
+    EXPECT_EQ(editor()->draft(), u"words");
+    EXPECT_TRUE(controller->session().isDirty());
+    EXPECT_NE(controller->window()->statusBar()->rightText(),
+              QStringLiteral("Viewing ## %1 · 5 chars").arg(today.year));
+    editor()->undo();
+    EXPECT_EQ(editor()->draft(), QString());
+}
+
+TEST_F(MainWindowControllerTest, IsReadOnlyWhileAnImportWrites) {
+    ASSERT_TRUE(controller->session().importWillWrite());
+    type(QStringLiteral("words"));
+    EXPECT_EQ(editor()->draft(), QString());
+    controller->session().importDidWrite();
+    type(QStringLiteral("words"));
+    EXPECT_EQ(editor()->draft(), u"words");
+}
+
+}  // namespace
+}  // namespace velmar
