@@ -287,7 +287,12 @@ void WritingSession::performRemoteRefresh() {
     m_store.invalidateCaches();
     call(m_view.renderSidebar);
     resolveConflicts();
-    if (m_store.modificationDate(m_monthDay) != m_loadedModificationDate) reloadFromDisk();
+    if (m_store.modificationDate(m_monthDay) == m_loadedModificationDate) return;
+    if (m_view.isComposing && m_view.isComposing()) {
+        scheduleRemoteRefresh();  // Another text under a composition would take it away.
+    } else {
+        reloadFromDisk();
+    }
 }
 
 void WritingSession::reloadFromDisk() {

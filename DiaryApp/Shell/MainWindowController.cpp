@@ -1,5 +1,7 @@
 #include "DiaryApp/Shell/MainWindowController.h"
 
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 
@@ -52,6 +54,10 @@ SessionView MainWindowController::sessionView() {
     view.focusEditor = [this] { m_window->entryView()->focusEditor(); };
     view.setEdited = [this](bool isEdited) { m_window->setWindowModified(isEdited); };
     view.setEditable = [this](bool isOn) { m_window->entryView()->setEditable(isOn); };
+    view.isComposing = [this] {
+        const QTextCursor caret = m_window->entryView()->editor()->textCursor();
+        return !caret.block().layout()->preeditAreaText().isEmpty();
+    };
     view.flash = [this](SessionNotice notice) { flash(notice); };
     view.showSaveError = [this](const diary::FileError& error) { showSaveError(error); };
     view.offerKeptDraft = [this](const diary::KeptText& kept) { offerKeptDraft(kept); };

@@ -24,6 +24,7 @@ struct Told {
     int highlightsCleared = 0;
     bool isEdited = false;
     bool isEditable = true;
+    bool isComposing = false;
     std::optional<diary::KeptText> offered;
 };
 
@@ -61,6 +62,7 @@ protected:
         callbacks.clearSearchHighlights = [this] { ++told.highlightsCleared; };
         callbacks.setEdited = [this](bool isEdited) { told.isEdited = isEdited; };
         callbacks.setEditable = [this](bool isEditable) { told.isEditable = isEditable; };
+        callbacks.isComposing = [this] { return told.isComposing; };
         callbacks.flash = [this](SessionNotice notice) { told.notices.push_back(notice); };
         callbacks.showSaveError = [this](const diary::FileError&) { ++told.saveErrors; };
         callbacks.offerKeptDraft = [this](const diary::KeptText& kept) { told.offered = kept; };

@@ -95,6 +95,19 @@ TEST_F(Session, TakesARemoteChangeThatIsDatedEarlier) {
     EXPECT_EQ(session->draft(), u"from an older backup");
 }
 
+TEST_F(Session, WaitsWithARemoteChangeUntilACompositionEnds) {
+    session->open(today, Focus::Editor);
+    told.isComposing = true;
+    writeRemotely(2026, u"theirs");
+    session->performRemoteRefresh();
+    EXPECT_EQ(session->draft(), QString());
+    timers.advance(2s);
+    EXPECT_EQ(session->draft(), QString());
+    told.isComposing = false;
+    timers.advance(300ms);
+    EXPECT_EQ(session->draft(), u"theirs");
+}
+
 TEST_F(Session, DoesNotReloadForItsOwnWrite) {
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("words "));
