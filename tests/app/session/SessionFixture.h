@@ -25,6 +25,7 @@ struct Told {
     bool isEdited = false;
     bool isEditable = true;
     bool isComposing = false;
+    std::function<void()> onCommitComposition;
     std::optional<diary::KeptText> offered;
 };
 
@@ -62,6 +63,9 @@ protected:
         callbacks.clearSearchHighlights = [this] { ++told.highlightsCleared; };
         callbacks.setEdited = [this](bool isEdited) { told.isEdited = isEdited; };
         callbacks.setEditable = [this](bool isEditable) { told.isEditable = isEditable; };
+        callbacks.commitComposition = [this] {
+            if (told.onCommitComposition) std::exchange(told.onCommitComposition, {})();
+        };
         callbacks.isComposing = [this] { return told.isComposing; };
         callbacks.flash = [this](SessionNotice notice) { told.notices.push_back(notice); };
         callbacks.showSaveError = [this](const diary::FileError&) { ++told.saveErrors; };
