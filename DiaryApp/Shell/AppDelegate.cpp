@@ -27,21 +27,24 @@ void AppDelegate::start() {
     fonts::setLanguage(language);
     appearance::apply(m_settings);
     makeWindow();
-    m_main->show();
     const bool isScripted = debugscenario::isRequested(m_settings);
-    if (!isScripted || m_settings.environment(QStringLiteral("DIARY_ACTIVATE"))) {
-        m_main->window()->activateWindow();
-    }
+    const bool comesToFront =
+        !isScripted || m_settings.environment(QStringLiteral("DIARY_ACTIVATE"));
+    m_main->window()->setAttribute(Qt::WA_ShowWithoutActivating, !comesToFront);
+    m_main->show();
+    if (comesToFront) m_main->window()->activateWindow();
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, this,
                      &AppDelegate::applicationStateChanged);
     m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
                                                       [this] { m_main->calendarDayChanged(); });
-    m_signals = std::make_unique<UnixSignals>([this] { m_main->window()->close(); });
+    m_signals = std::make_unique<UnixSignals>([this] { terminate(); });
     removeAbandonedTemporaries();
     if (isScripted) {
         debugscenario::run(m_settings, *m_main, [this](int code) {
+            m_main->session().flushSaveIfDirty();
+            const bool isSaved = !m_main->session().isDirty();
             m_main->session().close();
-            QApplication::exit(code);
+            QApplication::exit(isSaved ? code : 1);
         });
     }
 }
@@ -50,6 +53,12 @@ void AppDelegate::makeWindow() {
     auto store = std::make_unique<diary::DiaryStore>(VaultPlaces(m_settings).vaultURL());
     m_main = std::make_unique<MainWindowController>(m_settings, std::move(store));
     m_main->onClosed = [] { QApplication::quit(); };
+}
+
+// Whoever sends the signal won't wait for an alert: what can't be saved is kept.
+void AppDelegate::terminate() {
+    m_main->session().close();
+    QApplication::quit();
 }
 
 void AppDelegate::applicationStateChanged(Qt::ApplicationState state) {
