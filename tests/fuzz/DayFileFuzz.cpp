@@ -1,6 +1,7 @@
 // Any bytes as a day file: two readers agree on them, and whatever changes one section leaves all
 // others as they are.
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "DiaryKit/Vault/YearScan.h"
@@ -37,12 +38,12 @@ Bodies withoutFirst(Bodies bodies, int year) {
     return bodies;
 }
 
-// Every other section of the file. A last body with an open fence is closed where a section is put
+// Every other section of the file. A last one with an open fence is closed where a section is put
 // behind it, so it counts as closed on both sides.
 Bodies others(QStringView text, int year) {
-    Bodies bodies = withoutFirst(sectionBodies(text), year);
-    if (!bodies.empty()) bodies.back().body = closingFence(bodies.back().body);
-    return bodies;
+    Bodies bodies = sectionBodies(text);
+    if (!bodies.empty() && leavesFenceOpen(text)) bodies.back().body += QLatin1String("\n```");
+    return withoutFirst(std::move(bodies), year);
 }
 
 void checkEnsuring(QStringView text, int year) {
