@@ -95,7 +95,7 @@ public:
 private:
     const std::set<MonthDay>& knownFiles();
     std::set<int> yearsWithContent(const MonthDay& day);
-    void noteWritten(const MonthDay& day, const dayfile::Rewritten& written);
+    void noteWritten(const MonthDay& day, const FileStamp& stamp, QStringView text);
 
     QString m_root;
     DownloadService m_downloads;
