@@ -44,7 +44,7 @@ QMenu* menuOf(QMenuBar* bar, Menu menu) {
 
 }  // namespace
 
-QMenuBar* MainMenuBuilder::build(QWidget* window, Dispatch dispatch) {
+QMenuBar* MainMenuBuilder::build(QWidget* window, const Dispatch& dispatch) {
     auto* bar = new QMenuBar(window);
     bar->setNativeMenuBar(false);
     const auto rows = menuTable();

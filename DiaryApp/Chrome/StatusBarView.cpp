@@ -97,6 +97,7 @@ void StatusBarView::refresh() {
 }
 
 void StatusBarView::runAction() {
+    if (!m_pinned) return;
     // The action may pin or unpin something else.
     const std::function<void()> action = m_pinned->action;
     if (action) action();
@@ -151,7 +152,7 @@ void StatusBarView::paintLeft(QPainter& painter, const QRectF& line) const {
     const Token color = m_flash ? Token::InkMed : Token::StatusText;
     const TextLook plain = {caption(), kLine, color};
     const QRect link = linkRect();
-    if (link.isEmpty()) {
+    if (link.isEmpty() || !m_pinned) {
         paintLine(painter, line, leftText(), plain);
         return;
     }

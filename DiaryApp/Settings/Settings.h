@@ -50,7 +50,8 @@ public:
     // Newest first, at most five.
     [[nodiscard]] QStringList recentSearches() const;
 
-    // Place and size of the window of that name, as QWidget::saveGeometry() gave them; empty before.
+    // Place and size of the window of that name, as QWidget::saveGeometry() gave them.
+    // Empty if they were never set.
     [[nodiscard]] QByteArray windowFrame(QLatin1String name) const;
     void setWindowFrame(QLatin1String name, const QByteArray& frame);
 

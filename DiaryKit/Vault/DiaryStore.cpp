@@ -112,14 +112,14 @@ dayfile::Rewritten DiaryStore::rewrite(
     const std::function<QString(const std::optional<dayfile::Content>&)>& change) {
     if (isDiskGone()) throw FileError(FileOperation::Write, fileURL(day), ENODEV);
     dayfile::Rewritten written = dayfile::rewrite(m_root, day, change);
-    if (written.stamp) noteWritten(day, written);
+    if (written.stamp) noteWritten(day, *written.stamp, written.text);
     return written;
 }
 
-void DiaryStore::noteWritten(const MonthDay& day, const dayfile::Rewritten& written) {
+void DiaryStore::noteWritten(const MonthDay& day, const FileStamp& stamp, QStringView text) {
     if (m_knownFiles) m_knownFiles->insert(day);
     m_awaitingDownload.erase(day);
-    m_yearCache[day] = {*written.stamp, YearSectionParser::yearsWithContent(written.text)};
+    m_yearCache[day] = {stamp, YearSectionParser::yearsWithContent(text)};
 }
 
 std::optional<FileStamp> DiaryStore::modificationDate(const MonthDay& day) const {
@@ -203,7 +203,7 @@ std::set<int> DiaryStore::yearsWithContent(const MonthDay& day) {
     }
     m_awaitingDownload.erase(day);
     if (!scanned.fresh) return {};
-    return m_yearCache.insert(day, std::move(*scanned.fresh))->years;
+    return m_yearCache.emplace(day, std::move(*scanned.fresh))->years;
 }
 
 QHash<MonthDay, int> DiaryStore::contentYearCounts() {

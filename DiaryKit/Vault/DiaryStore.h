@@ -105,7 +105,7 @@ private:
     [[nodiscard]] bool isDiskGone() const;
     const std::set<MonthDay>& knownFiles();
     std::set<int> yearsWithContent(const MonthDay& day);
-    void noteWritten(const MonthDay& day, const dayfile::Rewritten& written);
+    void noteWritten(const MonthDay& day, const FileStamp& stamp, QStringView text);
 
     QString m_root;
     // The device of the vault, or of the folder that it would be made in.
