@@ -1,6 +1,7 @@
 #include "DiaryApp/Chrome/StatusBarView.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -55,11 +56,13 @@ void StatusBarView::flash(const QString& text) {
     m_flash = text;
     m_flashTimer.start();
     refresh();
+    announce();
 }
 
 void StatusBarView::pin(const QString& text, const QString& link, std::function<void()> action) {
     m_pinned = Pinned{text, link, std::move(action)};
     refresh();
+    announce();
 }
 
 void StatusBarView::unpin() {
@@ -94,6 +97,12 @@ void StatusBarView::refresh() {
     setFocusPolicy(linkRect().isEmpty() ? Qt::NoFocus : Qt::TabFocus);
     if (linkRect().isEmpty()) unsetCursor();
     QWidget::update();
+}
+
+// Screen readers speak what they are alerted to; a description that changes they don't.
+void StatusBarView::announce() {
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void StatusBarView::runAction() {

@@ -58,7 +58,8 @@ void AppDelegate::makeWindow() {
 // Whoever sends the signal won't wait for an alert: what can't be saved is kept.
 void AppDelegate::terminate() {
     m_main->session().close();
-    QApplication::quit();
+    // Not quit(), which asks the window, and that would wait for its alert.
+    QApplication::exit(0);
 }
 
 void AppDelegate::applicationStateChanged(Qt::ApplicationState state) {

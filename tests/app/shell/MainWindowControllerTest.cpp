@@ -137,6 +137,30 @@ TEST_F(MainWindowControllerTest, PutsAKeptDraftBackAtTheLink) {
     EXPECT_TRUE(bar->linkRect().isEmpty());
 }
 
+TEST_F(MainWindowControllerTest, LeadsOutOfTheTextAndBackByF6) {
+    QWidget* const window = controller->window();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    ASSERT_EQ(window->focusWidget(), editor());
+    QTest::keyClick(editor(), Qt::Key_F6);
+    EXPECT_NE(window->focusWidget(), editor());
+    for (int i = 0; i < 10 && window->focusWidget() != editor(); ++i) {
+        QTest::keyClick(window->focusWidget(), Qt::Key_F6);
+    }
+    EXPECT_EQ(window->focusWidget(), editor());
+    QTest::keyClick(editor(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_NE(window->focusWidget(), editor());
+}
+
+TEST_F(MainWindowControllerTest, KeepsADraftAtOnceWhenItsSaveFailsAtTheEnd) {
+    QDir().mkpath(vault.filePath(fileName()));
+    type(QStringLiteral("precious"));
+    controller->window()->close();
+    const auto kept = controller->session().store().keptTexts().list(
+        today.monthDay().headerTitle(), diary::KeptReason::UnsavedDraft);
+    EXPECT_EQ(kept.size(), 1U);
+}
+
 TEST_F(MainWindowControllerTest, RemembersItsSize) {
     controller->window()->resize(1200, 700);
     controller->window()->close();
