@@ -24,7 +24,8 @@ public:
     [[nodiscard]] static Settings& shared();
 
     // Another store, home folder and environment, for tests.
-    Settings(std::unique_ptr<QSettings> store, QString homeFolder, QProcessEnvironment environment);
+    Settings(std::unique_ptr<QSettings> store, QString homeFolder,
+             const QProcessEnvironment& environment);
 
     // Absent until a folder was chosen.
     [[nodiscard]] std::optional<QString> vaultPath() const;

@@ -38,12 +38,11 @@ Bodies withoutFirst(Bodies bodies, int year) {
     return bodies;
 }
 
-// Every other section of the file. A last one with an open fence is closed where a section is put
-// behind it, so it counts as closed on both sides.
+// Every other section of the file. A fence that the file leaves open is closed where a section is
+// put behind it, so it counts as closed on both sides.
 Bodies others(QStringView text, int year) {
-    Bodies bodies = sectionBodies(text);
-    if (!bodies.empty() && leavesFenceOpen(text)) bodies.back().body += QLatin1String("\n```");
-    return withoutFirst(std::move(bodies), year);
+    if (!leavesFenceOpen(text)) return withoutFirst(sectionBodies(text), year);
+    return withoutFirst(sectionBodies(closingFence(text::withoutTrailingWhiteSpace(text))), year);
 }
 
 void checkEnsuring(QStringView text, int year) {
