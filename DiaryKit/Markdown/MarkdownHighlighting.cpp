@@ -2,6 +2,7 @@
 
 #include <unicode/uchar.h>
 
+#include <QtCore/QList>
 #include <QtCore/QVarLengthArray>
 #include <algorithm>
 

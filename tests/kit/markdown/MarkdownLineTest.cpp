@@ -57,20 +57,17 @@ TEST(Lines, CoverEveryTextOnceAndInOrder) {
     test::RandomMarkdown random(11);
     for (int round = 0; round < 2000; ++round) {
         const QString text = random.text(12);
-        std::optional<qsizetype> start = 0;
         qsizetype behind = 0;
-        while (start) {
-            const TextRange line = markdownLineRange(text, *start);
-            ASSERT_EQ(line.location, *start);
+        for (qsizetype start = 0; start >= 0;) {
+            ASSERT_GE(start, behind);
+            ASSERT_LE(start - behind, 2);
+            const TextRange line = markdownLineRange(text, start);
+            ASSERT_EQ(line.location, start);
             for (qsizetype at = line.location; at < line.end(); ++at) {
                 ASSERT_EQ(markdownLineRange(text, at), line);
             }
             behind = line.end();
-            start = markdownNextLine(text, line);
-            if (start) {
-                ASSERT_GE(*start, behind);
-                ASSERT_LE(*start - behind, 2);
-            }
+            start = markdownNextLine(text, line).value_or(-1);
         }
         ASSERT_EQ(behind, text.size());
     }

@@ -74,10 +74,10 @@ TEST(ReturnThenBackspace, LeavesTheLineBreakAndTheIndentation) {
         const auto change = MarkdownEditing::newline(text, {text.size(), 0});
         if (!change) continue;
         ASSERT_EQ(change->steps.size(), 2U);
-        const TextWithSelection item = applied(*change, text);
+        const TextWithSelection item = applied(change, text);
         const auto back = MarkdownEditing::backspace(item.text, item.selection);
         ASSERT_TRUE(back);
-        const TextWithSelection result = applied(*back, item.text);
+        const TextWithSelection result = applied(back, item.text);
         ASSERT_EQ(result.text, text + QStringLiteral("\n  "));
         ASSERT_EQ(result.selection, (TextRange{result.text.size(), 0}));
         ++tried;
@@ -109,10 +109,10 @@ TEST(IndentThenOutdent, IsNothing) {
         const TextRange selection = random.selection(text);
         const auto in = MarkdownEditing::indent(text, selection);
         if (!in) continue;
-        const TextWithSelection indented = applied(*in, text);
+        const TextWithSelection indented = applied(in, text);
         const auto out = MarkdownEditing::outdent(indented.text, indented.selection);
         ASSERT_TRUE(out);
-        ASSERT_EQ(applied(*out, indented.text), (TextWithSelection{text, selection}));
+        ASSERT_EQ(applied(out, indented.text), (TextWithSelection{text, selection}));
         ++tried;
     }
     EXPECT_GT(tried, 100);
@@ -155,7 +155,7 @@ TEST(AskedForBlock, IsWhatTheLineThenIs) {
             if (line.prefix.kind == kind) continue;
             const auto change = MarkdownEditing::setBlock({style, 3}, text, selection);
             ASSERT_TRUE(change);
-            const TextWithSelection result = applied(*change, text);
+            const TextWithSelection result = applied(change, text);
             const MarkdownLine now = MarkdownLine::at(result.text, line.range.location);
             ASSERT_EQ(now.prefix.kind, kind) << text.toStdString();
             ASSERT_GE(result.selection.location, now.range.location + now.prefix.length);
@@ -171,11 +171,11 @@ TEST(ToggleTwice, FlipsAndFlipsBack) {
         const qsizetype at = text.size() - random.below(9);
         const auto checking = MarkdownEditing::toggleTask(at, text, selection);
         ASSERT_TRUE(checking);
-        const TextWithSelection checked = applied(*checking, text);
+        const TextWithSelection checked = applied(checking, text);
         ASSERT_TRUE(MarkdownLine::at(checked.text, at).prefix.isChecked());
         const auto opening = MarkdownEditing::toggleTask(at, checked.text, checked.selection);
         ASSERT_TRUE(opening);
-        ASSERT_EQ(applied(*opening, checked.text), (TextWithSelection{text, selection}));
+        ASSERT_EQ(applied(opening, checked.text), (TextWithSelection{text, selection}));
     }
 }
 
@@ -183,12 +183,12 @@ TEST(ToggleTwice, FlipsAndFlipsBack) {
 bool isInsideFenceSlowly(const QString& text, qsizetype position) {
     const qsizetype start = markdownLineRange(text, position).location;
     bool isInside = false;
-    for (std::optional<qsizetype> at = 0; at && *at < start;) {
-        const TextRange line = markdownLineRange(text, *at);
+    for (qsizetype at = 0; at >= 0 && at < start;) {
+        const TextRange line = markdownLineRange(text, at);
         QStringView units = QStringView(text).sliced(line.location, line.length);
         while (units.startsWith(u' ')) units = units.sliced(1);
         if (units.startsWith(u"```")) isInside = !isInside;
-        at = markdownNextLine(text, line);
+        at = markdownNextLine(text, line).value_or(-1);
     }
     return isInside;
 }

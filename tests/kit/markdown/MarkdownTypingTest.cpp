@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QtCore/QList>
+
 #include "DiaryKit/Markdown/MarkdownEditing.h"
 #include "tests/kit/markdown/MarkedText.h"
 

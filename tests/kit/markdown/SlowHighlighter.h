@@ -17,10 +17,10 @@ public:
         m_units.assign(static_cast<std::size_t>(text.size()), {});
         m_fenced.assign(m_units.size(), false);
         fences(text);
-        for (std::optional<qsizetype> at = 0; at;) {
-            const TextRange line = markdownLineRange(text, *at);
+        for (qsizetype at = 0; at >= 0;) {
+            const TextRange line = markdownLineRange(text, at);
             if (line.length > 0 && !isFenced(line)) block(text, line);
-            at = markdownNextLine(text, line);
+            at = markdownNextLine(text, line).value_or(-1);
         }
         marks(text);
         return m_units;
@@ -52,8 +52,8 @@ private:
             });
             opened.reset();
         };
-        for (std::optional<qsizetype> at = 0; at;) {
-            const TextRange line = markdownLineRange(text, *at);
+        for (qsizetype at = 0; at >= 0;) {
+            const TextRange line = markdownLineRange(text, at);
             if (QStringView(text).sliced(line.location).startsWith(u"```")) {
                 if (opened) {
                     fence(line.end());
@@ -61,7 +61,7 @@ private:
                     opened = line.location;
                 }
             }
-            at = markdownNextLine(text, line);
+            at = markdownNextLine(text, line).value_or(-1);
         }
         if (opened) fence(text.size());
     }
