@@ -35,6 +35,11 @@ void AppDelegate::start() {
     if (comesToFront) m_main->window()->activateWindow();
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, this,
                      &AppDelegate::applicationStateChanged);
+    // The desktop's session is about to end, and may still be kept from it by another application.
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+        m_main->session().flushSaveIfDirty();
+        m_main->session().keepUnsavedDraft();
+    });
     m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
                                                       [this] { m_main->calendarDayChanged(); });
     m_signals = std::make_unique<UnixSignals>([this] { terminate(); });
