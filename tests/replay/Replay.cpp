@@ -18,6 +18,7 @@ const Table& functions() {
         Table all;
         addVaultFunctions(all);
         addAppearanceFunctions(all);
+        addMarkdownFunctions(all);
         return all;
     }();
     return table;
