@@ -180,7 +180,8 @@ void GrowingTextView::apply(const MarkdownChange& change) {
         for (const MarkdownChange::Step& step : change.steps) {
             breakUndo();
             if (step.changesText() && !isReadOnly()) {
-                QTextCursor cursor(document());
+                // Undo puts the caret back to where an edit block found its cursor.
+                QTextCursor cursor = textCursor();
                 cursor.beginEditBlock();
                 cursor.setPosition(static_cast<int>(step.range.location));
                 cursor.setPosition(static_cast<int>(step.range.end()), QTextCursor::KeepAnchor);
@@ -191,7 +192,9 @@ void GrowingTextView::apply(const MarkdownChange& change) {
         }
         breakUndo();
     }
-    settleCaret();
+    // Where a command put the caret it stays: between the marks of "****" too, which are a rule
+    // until something is typed there.
+    m_lastSelection = selection();
     if (onCaretMoved) onCaretMoved();
 }
 

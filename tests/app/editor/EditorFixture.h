@@ -14,6 +14,7 @@
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Theme.h"
 #include "DiaryApp/Editor/GrowingTextView.h"
+#include "DiaryApp/Settings/Localization.h"
 
 namespace velmar {
 
@@ -21,12 +22,14 @@ class EditorFixture : public testing::Test {
 protected:
     EditorFixture() {
         appearance::prepare();
+        localization::install(Language::en);
         editor.resize(660, 400);
         editor.restyle(fonts::serif(16.5), 16.5, theme::color(Token::Ink));
         editor.onTextChanged = [this](const QString& draft) { drafts.append(draft); };
         editor.show();
         editor.setFocus();
         editor.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
     }
 
     // The text holds "|" at the caret, or at both ends of the selection.
