@@ -70,7 +70,7 @@ void GrowingTextView::connectDocument() {
 
 void GrowingTextView::load(const QString& draft) {
     const QScopedValueRollback<bool> loading(m_isLoading, true);
-    if (isComposing()) QGuiApplication::inputMethod()->reset();
+    dropComposition();
     setPlainText(m_draft.load(draft));
     moveCursor(QTextCursor::End);
     m_lastSelection = selection();
@@ -208,6 +208,23 @@ void GrowingTextView::select(TextRange range) {
 // A document that counts as unmodified merges the next edit into no earlier one.
 void GrowingTextView::breakUndo() {
     document()->setModified(false);
+}
+
+void GrowingTextView::dropComposition() {
+    if (!isComposing()) return;
+    QGuiApplication::inputMethod()->reset();
+    QInputMethodEvent none;
+    if (isComposing()) QTextEdit::inputMethodEvent(&none);
+}
+
+void GrowingTextView::undo() {
+    dropComposition();
+    QTextEdit::undo();
+}
+
+void GrowingTextView::redo() {
+    dropComposition();
+    QTextEdit::redo();
 }
 
 // The caret never rests in a hidden marker, where typing would spoil it.

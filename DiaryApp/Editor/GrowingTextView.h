@@ -65,6 +65,10 @@ public:
     // Each step can be undone alone.
     void apply(const diary::MarkdownChange& change);
 
+    // What is being composed is dropped first: Qt would leave it behind in its paragraph.
+    void undo();
+    void redo();
+
     // The menu of the right mouse button; the caller owns it.
     [[nodiscard]] QMenu* makeContextMenu();
 
@@ -102,6 +106,7 @@ private:
     bool applyIfAny(const Change& change);
     void select(diary::TextRange range);
     void breakUndo();
+    void dropComposition();
     void settleCaret();
     [[nodiscard]] std::optional<int> caretOutsideHiddenMarker(const QTextCursor& caret) const;
     [[nodiscard]] bool isComposing() const;

@@ -45,6 +45,8 @@ bool endsSentence(QStringView text) {
 void GrowingTextView::keyPressEvent(QKeyEvent* event) {
     m_blink.wake();
     if (isReadOnly() && event->key() == Qt::Key_Space) return event->ignore();
+    if (event->matches(QKeySequence::Undo)) return undo();
+    if (event->matches(QKeySequence::Redo)) return redo();
     if (editingKey(*event)) return event->accept();
     const bool isHome = event->matches(QKeySequence::MoveToStartOfLine) ||
                         event->matches(QKeySequence::MoveToStartOfBlock);
@@ -228,11 +230,11 @@ QMenu* GrowingTextView::makeContextMenu() {
     auto* menu = new QMenu(this);
     const bool canEdit = !isReadOnly();
     const bool hasSelection = textCursor().hasSelection();
-    const auto add = [menu, this](const QString& text, void (QTextEdit::*slot)(), bool isOn) {
+    const auto add = [menu, this](const QString& text, auto slot, bool isOn) {
         menu->addAction(text, this, slot)->setEnabled(isOn);
     };
-    add(qtTrId("Undo"), &QTextEdit::undo, canEdit && document()->isUndoAvailable());
-    add(qtTrId("Redo"), &QTextEdit::redo, canEdit && document()->isRedoAvailable());
+    add(qtTrId("Undo"), &GrowingTextView::undo, canEdit && document()->isUndoAvailable());
+    add(qtTrId("Redo"), &GrowingTextView::redo, canEdit && document()->isRedoAvailable());
     menu->addSeparator();
     add(qtTrId("Cut"), &QTextEdit::cut, canEdit && hasSelection);
     add(qtTrId("Copy"), &QTextEdit::copy, hasSelection);

@@ -141,7 +141,8 @@ int RhythmLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) co
         offset = layout->previousCursorPosition(line.textStart() + line.textLength());
     }
     if (const auto hidden = hiddenAt(block, offset)) offset = static_cast<int>(hidden->end());
-    return block.position() + offset;
+    // Composed text has places of its own, which the document hasn't.
+    return block.position() + qMin(offset, block.length() - 1);
 }
 
 std::vector<TaskBox> RhythmLayout::taskBoxes(const QRectF& within) const {

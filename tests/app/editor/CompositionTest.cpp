@@ -132,6 +132,17 @@ TEST_F(CompositionTest, TheInputMethodKnowsTheTextAndTheCaretsPlace) {
     EXPECT_NEAR(editor.caretRect().left(), x(1, 7), 2);
 }
 
+TEST_F(CompositionTest, UndoDropsWhatIsComposed) {
+    load(QStringLiteral("|"));
+    keys("ab");
+    compose(QStringLiteral("にほ"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown(), QStringLiteral("|"));
+    EXPECT_TRUE(block(0).layout()->preeditAreaText().isEmpty());
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(shown(), QStringLiteral("ab|"));
+}
+
 TEST_F(CompositionTest, AWholeCompositionIsUndoneAtOnce) {
     load(QStringLiteral("|"));
     compose(QStringLiteral("に"));
