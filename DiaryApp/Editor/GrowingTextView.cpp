@@ -59,13 +59,13 @@ void GrowingTextView::connectDocument() {
     });
     connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
         settleCaret();
-        viewport()->update();
+        repaintCaret();
         if (onCaretMoved && !m_isLoading && !m_isApplying) onCaretMoved();
     });
     connect(this, &QTextEdit::selectionChanged, this, &GrowingTextView::settleCaret);
     // Qt repaints selections line by line, which leaves the rest of the rows as it was.
     connect(this, &QTextEdit::selectionChanged, viewport(), repaint);
-    connect(&m_blink, &CaretBlink::changed, viewport(), repaint);
+    connect(&m_blink, &CaretBlink::changed, this, &GrowingTextView::repaintCaret);
 }
 
 void GrowingTextView::load(const QString& draft) {
@@ -116,8 +116,9 @@ void GrowingTextView::takeChange(int position, int removed, int added) {
         m_highlighter.keepLook(textCursor().block());
     } else if (std::exchange(m_isStale, false)) {
         m_highlighter.restyleAll(m_draft.text());
-    } else {
-        m_highlighter.restyle(m_draft.text(), position, added);
+        viewport()->update();
+    } else if (m_highlighter.restyle(m_draft.text(), position, added)) {
+        viewport()->update();
     }
 }
 
@@ -139,7 +140,7 @@ void GrowingTextView::takeText(int position, int removed, int added) {
 void GrowingTextView::announce() {
     if (m_isLoading) return;
     settleCaret();
-    viewport()->update();
+    if (m_draft.text().size() < 2) viewport()->update();  // The placeholder comes or goes.
     if (std::exchange(m_hasChanged, false) && onTextChanged) onTextChanged(m_draft.text());
 }
 
@@ -277,6 +278,14 @@ void GrowingTextView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     paintPlaceholder(painter);
     paintCaret(painter);
+}
+
+// Whole rows, so that what touches the caret is painted with it.
+void GrowingTextView::repaintCaret() {
+    viewport()->update(m_caretRow);
+    const QRect caret = caretRect();
+    m_caretRow = {0, caret.top() - 2, viewport()->width(), caret.height() + 4};
+    viewport()->update(m_caretRow);
 }
 
 void GrowingTextView::paintCaret(QPainter& painter) const {

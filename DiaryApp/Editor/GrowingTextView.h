@@ -122,6 +122,7 @@ private:
 
     [[nodiscard]] std::optional<int> taskAt(const QPoint& point) const;
     bool toggleTaskAt(const QMouseEvent& event);
+    void repaintCaret();
     void paintCaret(QPainter& painter) const;
     void paintPlaceholder(QPainter& painter) const;
 
@@ -134,6 +135,8 @@ private:
     QBasicTimer m_dragTimer;
     QString m_placeholder;
     int m_pageHeight = 0;
+    // The row of the caret as it was last asked to be painted.
+    QRect m_caretRow;
     // The last settled selection; nothing where the caret may not be taken to have moved by one.
     std::optional<diary::TextRange> m_lastSelection;
     bool m_isInert = false;

@@ -1,5 +1,7 @@
 #include "DiaryApp/Editor/MarkdownHighlighter.h"
 
+#include <tuple>
+
 namespace velmar {
 
 namespace {
@@ -77,7 +79,8 @@ MarkdownHighlighter::Formats MarkdownHighlighter::formats(const MarkdownStyling&
     return formats;
 }
 
-Fence MarkdownHighlighter::style(const QTextBlock& block, QStringView draft, Fence ahead) {
+bool MarkdownHighlighter::style(const QTextBlock& block, QStringView draft, Fence& fence) {
+    const Fence ahead = fence;
     const int length = block.length() - 1;
     const QStringView text = draft.sliced(block.position(), length);
     BlockStyle* style = BlockStyle::of(block);
@@ -85,6 +88,10 @@ Fence MarkdownHighlighter::style(const QTextBlock& block, QStringView draft, Fen
         style = new BlockStyle;
         QTextBlock(block).setUserData(style);
     }
+    const auto part = [style] {
+        return std::tuple(style->isFenced, style->fenceAhead, style->fenceBehind);
+    };
+    const auto before = part();
     style->styling = highlighting::paragraph(text, ahead, m_style->metrics());
     style->fenceAhead = ahead;
     style->fenceBehind = highlighting::fenceBehind(text, ahead);
@@ -93,26 +100,29 @@ Fence MarkdownHighlighter::style(const QTextBlock& block, QStringView draft, Fen
     // The layout is what counts: an input method may have put formats of its own there.
     const Formats wanted = formats(style->styling);
     if (block.layout()->formats() != wanted) block.layout()->setFormats(wanted);
-    return style->fenceBehind;
+    fence = style->fenceBehind;
+    return part() != before;
 }
 
-void MarkdownHighlighter::restyle(QStringView draft, int position, int added) {
+bool MarkdownHighlighter::restyle(QStringView draft, int position, int added) {
     QTextBlock block = m_document->findBlock(position);
     const BlockStyle* before = BlockStyle::of(block.previous());
     Fence fence = before != nullptr ? before->fenceBehind : Fence::Closed;
     const int end = position + added;
+    bool hasChanged = false;
     for (; block.isValid(); block = block.next()) {
         const BlockStyle* known = BlockStyle::of(block);
         const bool isBehind = block.position() > end;
         if (isBehind && known != nullptr && known->fenceAhead == fence) break;
-        fence = style(block, draft, fence);
+        hasChanged = style(block, draft, fence) || hasChanged;
     }
+    return hasChanged;
 }
 
 void MarkdownHighlighter::restyleAll(QStringView draft) {
     Fence fence = Fence::Closed;
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
-        fence = style(block, draft, fence);
+        style(block, draft, fence);
     }
 }
 

@@ -20,8 +20,9 @@ public:
     void setStyle(const RhythmStyle& style);
 
     // The edit that the document is reporting: `added` characters at `position` are new. `draft` is
-    // the text now, of the document's length.
-    void restyle(QStringView draft, int position, int added);
+    // the text now, of the document's length. True if the ground of a fenced block changed, which
+    // may show on paragraphs whose own formats stay.
+    bool restyle(QStringView draft, int position, int added);
     void restyleAll(QStringView draft);
 
     // The block holds a composition: nothing is computed, but the look that it had is laid around
@@ -31,7 +32,9 @@ public:
 private:
     using Formats = QList<QTextLayout::FormatRange>;
 
-    BlockStyle::Fence style(const QTextBlock& block, QStringView draft, BlockStyle::Fence ahead);
+    // Styles the block and moves the fence on to what it is behind it. True if its part in a fenced
+    // block changed.
+    bool style(const QTextBlock& block, QStringView draft, BlockStyle::Fence& fence);
     [[nodiscard]] Formats formats(const diary::MarkdownStyling& styling) const;
     [[nodiscard]] Formats formatsAround(const QTextBlock& composed, const BlockStyle& style) const;
     [[nodiscard]] const QTextCharFormat& format(const diary::MarkdownAttributes& attributes) const;

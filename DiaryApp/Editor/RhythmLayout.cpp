@@ -70,7 +70,12 @@ void RhythmLayout::documentChanged(int from, int /*removed*/, int added) {
     if (std::exchange(m_announced, documentSize()) != documentSize()) {
         Q_EMIT documentSizeChanged(documentSize());
     }
-    Q_EMIT update(QRectF(0, -1e6, 1e6, 2e6));
+    // Letters may reach a little over their row.
+    const bool movesOthers = hasMoved || isShifted;
+    const QTextBlock last = block.isValid() ? block.previous() : document()->lastBlock();
+    const QRectF changed = blockBoundingRect(first) | blockBoundingRect(last);
+    const double reach = lineHeight() / 2.0;
+    Q_EMIT update(movesOthers ? QRectF(0, 0, 1e9, 1e9) : changed.adjusted(0, -reach, 0, reach));
 }
 
 // Who asks a layout for a character's place, as screen readers do, reads its position.

@@ -326,6 +326,21 @@ TEST_F(PaintingTest, EveryPixelThatChangesIsRepainted) {
     expectRepainted("a click", [&] { caretAt(20); });
     expectRepainted("a mark", [&] { keys("`"); });
     expectRepainted("extending", [&] { press(Qt::Key_Down, Qt::ShiftModifier); });
+    expectRepainted("collapsing", [&] { press(Qt::Key_Right); });
+    expectRepainted("a new line", [&] { press(Qt::Key_Return); });
+    expectRepainted("one line less", [&] { editor.undo(); });
+    expectRepainted("a command", [&] { editor.command(u"task"); });
+    expectRepainted("composing", [&] { compose(QStringLiteral("かな")); });
+    expectRepainted("cancelling", [&] { compose(QString()); });
+    caretAt(0);
+    expectRepainted("moving", [&] { press(Qt::Key_Down); });
+    load(QStringLiteral("``|\na\n\n"));
+    expectRepainted("a fence over empty lines", [&] { keys("`"); });
+    expectRepainted("no fence", [&] { press(Qt::Key_Backspace); });
+    load(QStringLiteral("|"));
+    editor.setPlaceholder(QStringLiteral("Write"));
+    expectRepainted("the first letter", [&] { keys("i"); });
+    expectRepainted("none again", [&] { press(Qt::Key_Backspace); });
 }
 
 TEST_F(PaintingTest, BulletsAlternateByLevel) {
