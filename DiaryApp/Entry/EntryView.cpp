@@ -125,7 +125,7 @@ void EntryView::place() {
 }
 
 void EntryView::followCaret() {
-    if (!m_editor->hasFocus() || m_isPlacing) return;
+    if (m_isPlacing) return;
     const QPoint caret = m_editor->mapTo(m_page, m_editor->caretRect().center());
     // A line above and below the caret's stays visible.
     ensureVisible(0, caret.y(), 0, m_editor->lineHeight());
