@@ -56,6 +56,80 @@
         <source></source>
         <translation>Select All</translation>
     </message>
+    <message id="Format">
+        <source></source>
+        <extracomment>Menu.</extracomment>
+        <translation>Format</translation>
+    </message>
+    <message id="Bold">
+        <source></source>
+        <translation>Bold</translation>
+    </message>
+    <message id="Italic">
+        <source></source>
+        <translation>Italic</translation>
+    </message>
+    <message id="Strikethrough">
+        <source></source>
+        <translation>Strikethrough</translation>
+    </message>
+    <message id="Inline Code">
+        <source></source>
+        <translation>Inline Code</translation>
+    </message>
+    <message id="Link">
+        <source></source>
+        <translation>Link</translation>
+    </message>
+    <message id="Heading 1">
+        <source></source>
+        <translation>Heading 1</translation>
+    </message>
+    <message id="Heading 2">
+        <source></source>
+        <translation>Heading 2</translation>
+    </message>
+    <message id="Heading 3">
+        <source></source>
+        <translation>Heading 3</translation>
+    </message>
+    <message id="Body Text">
+        <source></source>
+        <translation>Body Text</translation>
+    </message>
+    <message id="Bulleted List">
+        <source></source>
+        <translation>Bulleted List</translation>
+    </message>
+    <message id="Numbered List">
+        <source></source>
+        <translation>Numbered List</translation>
+    </message>
+    <message id="To-Do">
+        <source></source>
+        <translation>To-Do</translation>
+    </message>
+    <message id="Quote">
+        <source></source>
+        <translation>Quote</translation>
+    </message>
+    <message id="Check To-Do">
+        <source></source>
+        <translation>Check To-Do</translation>
+    </message>
+    <message id="Indent">
+        <source></source>
+        <translation>Indent</translation>
+    </message>
+    <message id="Outdent">
+        <source></source>
+        <translation>Outdent</translation>
+    </message>
+    <message id="YearSectionWarning">
+        <source></source>
+        <extracomment>Pill beside a heading of the text that reads as a year: when the file is read again, a new year begins there. %1 is the year.</extracomment>
+        <translation>Would start the year %1</translation>
+    </message>
     <message id="Navigate">
         <source></source>
         <extracomment>Menu.</extracomment>

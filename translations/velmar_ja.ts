@@ -56,6 +56,80 @@
         <source></source>
         <translation>すべてを選択</translation>
     </message>
+    <message id="Format">
+        <source></source>
+        <extracomment>Menu.</extracomment>
+        <translation>書式</translation>
+    </message>
+    <message id="Bold">
+        <source></source>
+        <translation>太字</translation>
+    </message>
+    <message id="Italic">
+        <source></source>
+        <translation>斜体</translation>
+    </message>
+    <message id="Strikethrough">
+        <source></source>
+        <translation>取り消し線</translation>
+    </message>
+    <message id="Inline Code">
+        <source></source>
+        <translation>インラインコード</translation>
+    </message>
+    <message id="Link">
+        <source></source>
+        <translation>リンク</translation>
+    </message>
+    <message id="Heading 1">
+        <source></source>
+        <translation>見出し 1</translation>
+    </message>
+    <message id="Heading 2">
+        <source></source>
+        <translation>見出し 2</translation>
+    </message>
+    <message id="Heading 3">
+        <source></source>
+        <translation>見出し 3</translation>
+    </message>
+    <message id="Body Text">
+        <source></source>
+        <translation>本文</translation>
+    </message>
+    <message id="Bulleted List">
+        <source></source>
+        <translation>箇条書き</translation>
+    </message>
+    <message id="Numbered List">
+        <source></source>
+        <translation>番号付きリスト</translation>
+    </message>
+    <message id="To-Do">
+        <source></source>
+        <translation>チェック項目</translation>
+    </message>
+    <message id="Quote">
+        <source></source>
+        <translation>引用</translation>
+    </message>
+    <message id="Check To-Do">
+        <source></source>
+        <translation>チェックを付ける</translation>
+    </message>
+    <message id="Indent">
+        <source></source>
+        <translation>インデントを増やす</translation>
+    </message>
+    <message id="Outdent">
+        <source></source>
+        <translation>インデントを減らす</translation>
+    </message>
+    <message id="YearSectionWarning">
+        <source></source>
+        <extracomment>Pill beside a heading of the text that reads as a year: when the file is read again, a new year begins there. %1 is the year.</extracomment>
+        <translation>%1 年の節の始まりになります</translation>
+    </message>
     <message id="Navigate">
         <source></source>
         <extracomment>Menu.</extracomment>

@@ -56,6 +56,80 @@
         <source></source>
         <translation>全选</translation>
     </message>
+    <message id="Format">
+        <source></source>
+        <extracomment>Menu.</extracomment>
+        <translation>格式</translation>
+    </message>
+    <message id="Bold">
+        <source></source>
+        <translation>粗体</translation>
+    </message>
+    <message id="Italic">
+        <source></source>
+        <translation>斜体</translation>
+    </message>
+    <message id="Strikethrough">
+        <source></source>
+        <translation>删除线</translation>
+    </message>
+    <message id="Inline Code">
+        <source></source>
+        <translation>行内代码</translation>
+    </message>
+    <message id="Link">
+        <source></source>
+        <translation>链接</translation>
+    </message>
+    <message id="Heading 1">
+        <source></source>
+        <translation>一级标题</translation>
+    </message>
+    <message id="Heading 2">
+        <source></source>
+        <translation>二级标题</translation>
+    </message>
+    <message id="Heading 3">
+        <source></source>
+        <translation>三级标题</translation>
+    </message>
+    <message id="Body Text">
+        <source></source>
+        <translation>正文</translation>
+    </message>
+    <message id="Bulleted List">
+        <source></source>
+        <translation>项目符号列表</translation>
+    </message>
+    <message id="Numbered List">
+        <source></source>
+        <translation>编号列表</translation>
+    </message>
+    <message id="To-Do">
+        <source></source>
+        <translation>待办事项</translation>
+    </message>
+    <message id="Quote">
+        <source></source>
+        <translation>引用</translation>
+    </message>
+    <message id="Check To-Do">
+        <source></source>
+        <translation>勾选待办事项</translation>
+    </message>
+    <message id="Indent">
+        <source></source>
+        <translation>增加缩进</translation>
+    </message>
+    <message id="Outdent">
+        <source></source>
+        <translation>减少缩进</translation>
+    </message>
+    <message id="YearSectionWarning">
+        <source></source>
+        <extracomment>Pill beside a heading of the text that reads as a year: when the file is read again, a new year begins there. %1 is the year.</extracomment>
+        <translation>会另起 %1 年一节</translation>
+    </message>
     <message id="Navigate">
         <source></source>
         <extracomment>Menu.</extracomment>

@@ -72,6 +72,27 @@ void MainMenuBuilder::retranslate(QMenuBar* bar) {
     }
 }
 
+void MainMenuBuilder::showStates(const QMenuBar* bar, Menu menu, StateOf stateOf) {
+    for (QMenu* each : menusOf(bar)) {
+        if (each->property(kMenuProperty).toInt() != static_cast<int>(menu)) continue;
+        QObject::connect(each, &QMenu::aboutToShow, each, [each, stateOf = std::move(stateOf)] {
+            for (QAction* item : each->actions()) {
+                if (item->isSeparator()) continue;
+                const Action action = menuTable()[item->property(kRowProperty).toUInt()].action;
+                const ItemState state = stateOf(action);
+                item->setEnabled(state.isEnabled);
+                item->setCheckable(state.isChecked);
+                item->setChecked(state.isChecked);
+            }
+        });
+        // A disabled item's keys do nothing, and its state is only looked at when it shows.
+        QObject::connect(each, &QMenu::aboutToHide, each, [each] {
+            for (QAction* item : each->actions()) item->setEnabled(true);
+        });
+        return;
+    }
+}
+
 QAction* MainMenuBuilder::item(const QMenuBar* bar, Action action) {
     for (const QMenu* menu : menusOf(bar)) {
         for (QAction* each : menu->actions()) {

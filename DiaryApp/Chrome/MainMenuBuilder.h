@@ -19,6 +19,15 @@ public:
     // Sets the texts again, in the language that is installed now.
     static void retranslate(QMenuBar* bar);
 
+    // How a command stands whenever its menu is opened. The keys of a command that is off work
+    // again once the menu has closed; whoever gets the command asks then whether it may run.
+    struct ItemState {
+        bool isEnabled = true;
+        bool isChecked = false;
+    };
+    using StateOf = std::function<ItemState(Action)>;
+    static void showStates(const QMenuBar* bar, Menu menu, StateOf stateOf);
+
     // The command's item in a bar made here; null if the table has none.
     [[nodiscard]] static QAction* item(const QMenuBar* bar, Action action);
 };

@@ -17,6 +17,22 @@ constexpr std::array kCut = {MenuKey{Qt::CTRL | Qt::Key_X}};
 constexpr std::array kCopy = {MenuKey{Qt::CTRL | Qt::Key_C}};
 constexpr std::array kPaste = {MenuKey{Qt::CTRL | Qt::Key_V}};
 constexpr std::array kSelectAll = {MenuKey{Qt::CTRL | Qt::Key_A}};
+constexpr std::array kBold = {MenuKey{Qt::CTRL | Qt::Key_B}};
+constexpr std::array kItalic = {MenuKey{Qt::CTRL | Qt::Key_I}};
+constexpr std::array kStrikethrough = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_X}};
+constexpr std::array kInlineCode = {MenuKey{Qt::CTRL | Qt::Key_E}};
+constexpr std::array kLink = {MenuKey{Qt::CTRL | Qt::Key_K}};
+constexpr std::array kHeading1 = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_1}};
+constexpr std::array kHeading2 = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_2}};
+constexpr std::array kHeading3 = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_3}};
+constexpr std::array kBodyText = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_0}};
+constexpr std::array kBulletedList = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_U}};
+constexpr std::array kNumberedList = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_O}};
+constexpr std::array kToDo = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_X}};
+constexpr std::array kQuote = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_Q}};
+constexpr std::array kCheckToDo = {MenuKey{Qt::CTRL | Qt::Key_Return}};
+constexpr std::array kIndent = {MenuKey{Qt::CTRL | Qt::Key_BracketRight}};
+constexpr std::array kOutdent = {MenuKey{Qt::CTRL | Qt::Key_BracketLeft}};
 constexpr std::array kPrevious = {MenuKey{Qt::ALT | Qt::Key_Left},
                                   MenuKey{Qt::CTRL | Qt::Key_Left, KeyReach::OutsideText}};
 constexpr std::array kNext = {MenuKey{Qt::ALT | Qt::Key_Right},
@@ -37,6 +53,22 @@ constexpr std::array kTable = {
     MenuRow{Menu::Edit, QT_TRID_NOOP("Copy"), Action::Copy, kCopy},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Paste"), Action::Paste, kPaste},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Select All"), Action::SelectAll, kSelectAll},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Bold"), Action::Bold, kBold},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Italic"), Action::Italic, kItalic},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Strikethrough"), Action::Strikethrough, kStrikethrough},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Inline Code"), Action::InlineCode, kInlineCode},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Link"), Action::Link, kLink, kSeparator},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Heading 1"), Action::Heading1, kHeading1},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Heading 2"), Action::Heading2, kHeading2},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Heading 3"), Action::Heading3, kHeading3},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Body Text"), Action::BodyText, kBodyText, kSeparator},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Bulleted List"), Action::BulletedList, kBulletedList},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Numbered List"), Action::NumberedList, kNumberedList},
+    MenuRow{Menu::Format, QT_TRID_NOOP("To-Do"), Action::ToDo, kToDo},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Quote"), Action::Quote, kQuote},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Check To-Do"), Action::CheckToDo, kCheckToDo, kSeparator},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Indent"), Action::Indent, kIndent},
+    MenuRow{Menu::Format, QT_TRID_NOOP("Outdent"), Action::Outdent, kOutdent},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Previous Day"), Action::PreviousDay, kPrevious},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Next Day"), Action::NextDay, kNext},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Today"), Action::Today, kToday},
@@ -45,9 +77,9 @@ constexpr std::array kTable = {
     MenuRow{Menu::Window, QT_TRID_NOOP("Zoom"), Action::Zoom, {}},
 };
 
-constexpr std::array kMenuTitles = {QT_TRID_NOOP("Diary"), QT_TRID_NOOP("File"),
-                                    QT_TRID_NOOP("Edit"), QT_TRID_NOOP("Navigate"),
-                                    QT_TRID_NOOP("Window")};
+constexpr std::array kMenuTitles = {QT_TRID_NOOP("Diary"),    QT_TRID_NOOP("File"),
+                                    QT_TRID_NOOP("Edit"),     QT_TRID_NOOP("Format"),
+                                    QT_TRID_NOOP("Navigate"), QT_TRID_NOOP("Window")};
 
 }  // namespace
 

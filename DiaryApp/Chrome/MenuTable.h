@@ -6,7 +6,7 @@
 
 namespace velmar {
 
-enum class Menu { Diary, File, Edit, Navigate, Window };
+enum class Menu { Diary, File, Edit, Format, Navigate, Window };
 
 enum class Action {
     Quit,
@@ -18,6 +18,22 @@ enum class Action {
     Copy,
     Paste,
     SelectAll,
+    Bold,
+    Italic,
+    Strikethrough,
+    InlineCode,
+    Link,
+    Heading1,
+    Heading2,
+    Heading3,
+    BodyText,
+    BulletedList,
+    NumberedList,
+    ToDo,
+    Quote,
+    CheckToDo,
+    Indent,
+    Outdent,
     PreviousDay,
     NextDay,
     Today,

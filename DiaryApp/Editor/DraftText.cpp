@@ -30,16 +30,18 @@ QString DraftText::load(const QString& draft) {
         if (standIn == m_standIns.end()) break;
         if (!draft.contains(QChar(free))) *standIn++ = free;
     }
-    QString shown = draft;
-    std::ranges::transform(shown, shown.begin(), [this](QChar each) { return display(each); });
-    return shown;
+    return shown(draft);
+}
+
+QString DraftText::shown(QString text) const {
+    std::ranges::transform(text, text.begin(), [this](QChar each) { return display(each); });
+    return text;
 }
 
 bool DraftText::replace(qsizetype position, qsizetype removed, const QString& shown) {
     const qsizetype from = std::clamp<qsizetype>(position, 0, m_text.size());
     const qsizetype length = std::clamp<qsizetype>(removed, 0, m_text.size() - from);
-    QString before = m_text.mid(from, length);
-    std::ranges::transform(before, before.begin(), [this](QChar each) { return display(each); });
+    const QString before = this->shown(m_text.mid(from, length));
 
     const qsizetype head = commonPrefix(before, shown);
     const qsizetype tail =

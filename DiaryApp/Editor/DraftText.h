@@ -22,6 +22,9 @@ public:
 
     [[nodiscard]] const QString& text() const { return m_text; }
 
+    // The display form of a text that is about to be put into the document.
+    [[nodiscard]] QString shown(QString text) const;
+
     // A foreign text as it is pasted: CR LF and CR become LF.
     [[nodiscard]] static QString pasted(QString text);
 

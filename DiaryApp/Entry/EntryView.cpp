@@ -8,19 +8,12 @@
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/OverlayScrollBar.h"
-#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/DayHead.h"
 #include "DiaryApp/Entry/PageLayout.h"
 #include "DiaryApp/Entry/PageParts.h"
 
 namespace velmar {
-
-namespace {
-
-// What stays visible above and below the caret while typing.
-constexpr int kCaretMargin = DraftEditor::rhythm;
-
-}  // namespace
 
 EntryView::EntryView(const Settings& settings, QWidget* parent)
     : QScrollArea(parent),
@@ -28,7 +21,7 @@ EntryView::EntryView(const Settings& settings, QWidget* parent)
       m_page(new QWidget),
       m_head(new DayHead(m_page)),
       m_yearRow(new YearRow(m_page)),
-      m_editor(new DraftEditor(m_page)),
+      m_editor(new GrowingTextView(m_page)),
       m_hint(new HintBox(m_page)),
       m_gapLine(new GapLine(m_page)),
       m_scrollBar(nullptr) {
@@ -45,7 +38,7 @@ EntryView::EntryView(const Settings& settings, QWidget* parent)
 }
 
 void EntryView::wire() {
-    m_editor->onDraftChanged = [this](const QString& draft) {
+    m_editor->onTextChanged = [this](const QString& draft) {
         if (onDraftChanged) onDraftChanged(draft);
     };
     m_editor->onHeightChanged = [this] { place(); };
@@ -95,8 +88,8 @@ void EntryView::restyle() {
     QPalette ground;
     ground.setColor(QPalette::Window, theme::color(Token::Paper));
     viewport()->setPalette(ground);
-    m_editor->restyle(fonts::body(m_settings, m_settings.editorFontSize()),
-                      theme::color(m_textColor));
+    const double size = m_settings.editorFontSize();
+    m_editor->restyle(fonts::body(m_settings, size), size, theme::color(m_textColor));
     place();
 }
 
@@ -107,7 +100,9 @@ void EntryView::place() {
     const double width = viewport()->width();
     const bool hasEditor = !m_editor->isHidden();
     // The text is laid out at its new width before its height counts.
-    m_editor->resize(qRound(PageLayout::columnWidth(width)), m_editor->height());
+    m_editor->resize(qRound(PageLayout::columnWidth(width)) + GrowingTextView::markRoom,
+                     m_editor->height());
+    m_editor->setPageHeight(viewport()->height());
     PageParts parts;
     parts.width = width;
     parts.leastHeight = viewport()->height();
@@ -121,8 +116,8 @@ void EntryView::place() {
     m_head->setGeometry(page.head.toRect().adjusted(-DayHead::reach, 0, DayHead::reach, 0));
     m_yearRow->setGeometry(page.yearRow.toRect());
     if (hasEditor) {
-        const int shift = qRound(m_editor->rhythmShift());
-        m_editor->setGeometry(page.editor.toRect().adjusted(0, -shift, 0, 0));
+        const QRect column = page.editor.toRect();
+        m_editor->setGeometry(column.adjusted(-GrowingTextView::markRoom, 0, 0, 0));
     }
     m_hint->setGeometry(page.hint.toRect());
     m_hint->setTextRect(page.hintText.translated(-page.hint.topLeft()));
@@ -130,9 +125,10 @@ void EntryView::place() {
 }
 
 void EntryView::followCaret() {
-    if (!m_editor->hasFocus() || m_isPlacing) return;
+    if (m_isPlacing) return;
     const QPoint caret = m_editor->mapTo(m_page, m_editor->caretRect().center());
-    ensureVisible(0, caret.y(), 0, kCaretMargin);
+    // A line above and below the caret's stays visible.
+    ensureVisible(0, caret.y(), 0, m_editor->lineHeight());
 }
 
 void EntryView::scrollToTop() {

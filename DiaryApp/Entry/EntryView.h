@@ -11,7 +11,7 @@
 namespace velmar {
 
 class DayHead;
-class DraftEditor;
+class GrowingTextView;
 class GapLine;
 class HintBox;
 class OverlayScrollBar;
@@ -47,7 +47,7 @@ public:
 
     [[nodiscard]] const QString& draft() const;
     // The text field, to which the editing commands of the menu go.
-    [[nodiscard]] DraftEditor* editor() const { return m_editor; }
+    [[nodiscard]] GrowingTextView* editor() const { return m_editor; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -63,7 +63,7 @@ private:
     QWidget* m_page;
     DayHead* m_head;
     YearRow* m_yearRow;
-    DraftEditor* m_editor;
+    GrowingTextView* m_editor;
     HintBox* m_hint;
     GapLine* m_gapLine;
     OverlayScrollBar* m_scrollBar;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Editor/GrowingTextView.h"
 
 namespace velmar {
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kWidestColumn = 640;
 constexpr double kSideMargin = 24;
-constexpr double kGutter = DraftEditor::gutter;
+constexpr double kGutter = GrowingTextView::gutter;
 
 constexpr double kHeadTop = 26;
 // The key's line, the hairline below it, and the folio line.

@@ -15,7 +15,8 @@ namespace debugscenario {
 // Whether this is a scripted run.
 [[nodiscard]] bool isRequested(const Settings& settings);
 
-// Applies DIARY_VIEW_DAY, DIARY_VIEW_YEAR and DIARY_TYPE_TEXT in this order, waits
+// Applies DIARY_VIEW_DAY, DIARY_VIEW_YEAR, DIARY_TYPE_TEXT and DIARY_EDITOR_SCRIPT in this order,
+// writes the editor's text to DIARY_EDITOR_OUT once its script has run, waits
 // DIARY_SCREENSHOT_DELAY seconds (0.5 if unset), writes the picture, and calls `finish` with the
 // exit code: 1 if the picture can't be written. Returns at once.
 void run(const Settings& settings, MainWindowController& controller,

@@ -12,13 +12,23 @@
 #include "DiaryApp/Chrome/Notices.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/Chrome/TopBarView.h"
-#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/EntryView.h"
 #include "DiaryApp/Shell/MainWindow.h"
 #include "DiaryKit/Files/UserFolders.h"
 #include "DiaryKit/Foundation/TextSets.h"
 
 namespace velmar {
+
+namespace {
+
+// Both follow the order of the Format menu.
+std::optional<FormatCommand> formatCommandOf(Action action) {
+    if (action < Action::Bold || action > Action::Outdent) return std::nullopt;
+    return static_cast<FormatCommand>(static_cast<int>(action) - static_cast<int>(Action::Bold));
+}
+
+}  // namespace
 
 MainWindowController::MainWindowController(Settings& settings,
                                            std::unique_ptr<diary::DiaryStore> store)
@@ -74,6 +84,12 @@ void MainWindowController::wire() {
     entry->onDraftChanged = [this](const QString& draft) { m_session->draftChanged(draft); };
     entry->onPreviousDay = [this] { perform(Action::PreviousDay); };
     entry->onNextDay = [this] { perform(Action::NextDay); };
+    MainMenuBuilder::showStates(
+        m_window->menuBar(), Menu::Format, [editor = entry->editor()](Action action) {
+            const auto format = formatCommandOf(action);
+            const bool isOn = format && editor->isVisible() && editor->canFormat();
+            return MainMenuBuilder::ItemState{isOn, isOn && isChecked(*format, editor->context())};
+        });
     m_window->topBar()->onToday = [this] { perform(Action::Today); };
     m_window->topBar()->onRandom = [this] { perform(Action::RandomDay); };
     m_window->onClosing = [this] { return mayClose(); };
@@ -86,7 +102,8 @@ void MainWindowController::show() {
 }
 
 void MainWindowController::perform(Action action) {
-    DraftEditor* editor = m_window->entryView()->editor();
+    GrowingTextView* editor = m_window->entryView()->editor();
+    if (const auto format = formatCommandOf(action)) return editor->perform(*format);
     switch (action) {
         case Action::Quit:
         case Action::Close:
@@ -130,6 +147,8 @@ void MainWindowController::perform(Action action) {
             break;
         case Action::Zoom:
             m_window->isMaximized() ? m_window->showNormal() : m_window->showMaximized();
+            break;
+        default:
             break;
     }
 }

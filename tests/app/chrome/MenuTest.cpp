@@ -40,9 +40,9 @@ protected:
 };
 
 TEST_F(MenuTest, HasTheMenusInTheirOrder) {
-    EXPECT_THAT(titles(),
-                ElementsAre(QStringLiteral("Diary"), QStringLiteral("File"), QStringLiteral("Edit"),
-                            QStringLiteral("Navigate"), QStringLiteral("Window")));
+    EXPECT_THAT(titles(), ElementsAre(QStringLiteral("Diary"), QStringLiteral("File"),
+                                      QStringLiteral("Edit"), QStringLiteral("Format"),
+                                      QStringLiteral("Navigate"), QStringLiteral("Window")));
     EXPECT_EQ(MainMenuBuilder::item(bar, Action::Quit)->text(), QStringLiteral("Quit Velmar"));
 }
 
@@ -74,7 +74,10 @@ TEST_F(MenuTest, SeparatorsFallBehindTheirItems) {
         const auto items = menu->actions();
         for (int i = 0; i + 1 < items.size(); ++i) {
             const bool expected = items[i] == MainMenuBuilder::item(bar, Action::Close) ||
-                                  items[i] == MainMenuBuilder::item(bar, Action::Redo);
+                                  items[i] == MainMenuBuilder::item(bar, Action::Redo) ||
+                                  items[i] == MainMenuBuilder::item(bar, Action::Link) ||
+                                  items[i] == MainMenuBuilder::item(bar, Action::BodyText) ||
+                                  items[i] == MainMenuBuilder::item(bar, Action::CheckToDo);
             if (!items[i]->isSeparator()) {
                 EXPECT_EQ(items[i + 1]->isSeparator(), expected);
             }
@@ -87,9 +90,26 @@ TEST_F(MenuTest, SeparatorsFallBehindTheirItems) {
 TEST_F(MenuTest, TextsFollowTheLanguage) {
     localization::install(Language::zhHans);
     MainMenuBuilder::retranslate(bar);
-    EXPECT_EQ(titles().join(u' '), QStringLiteral("日记 文件 编辑 前往 窗口"));
+    EXPECT_EQ(titles().join(u' '), QStringLiteral("日记 文件 编辑 格式 前往 窗口"));
     EXPECT_EQ(MainMenuBuilder::item(bar, Action::Quit)->text(), QStringLiteral("退出 Velmar"));
     localization::install(Language::en);
+}
+
+TEST_F(MenuTest, AnOpenedMenuShowsWhatIsOffAndWhatIsOn) {
+    MainMenuBuilder::showStates(bar, Menu::Format, [](Action action) {
+        return MainMenuBuilder::ItemState{action != Action::Bold, action == Action::Quote};
+    });
+    QAction* bold = MainMenuBuilder::item(bar, Action::Bold);
+    QAction* quote = MainMenuBuilder::item(bar, Action::Quote);
+    auto* menu = qobject_cast<QMenu*>(bold->associatedObjects().value(0));
+    ASSERT_NE(menu, nullptr);
+    menu->popup({});
+    EXPECT_FALSE(bold->isEnabled());
+    EXPECT_FALSE(bold->isChecked());
+    EXPECT_TRUE(quote->isEnabled());
+    EXPECT_TRUE(quote->isChecked());
+    menu->close();
+    EXPECT_TRUE(bold->isEnabled()) << "its key must work when the menu is closed";
 }
 
 TEST_F(MenuTest, BothKeysOfTheDaysWorkOutsideText) {

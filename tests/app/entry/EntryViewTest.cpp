@@ -11,7 +11,7 @@
 
 #include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Button.h"
-#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/DayHead.h"
 
 namespace velmar {
@@ -37,7 +37,7 @@ protected:
 
     void show() { view.update(entryModel(state)); }
 
-    DraftEditor& editor() { return *view.editor(); }
+    GrowingTextView& editor() { return *view.editor(); }
 
     QTemporaryDir folder;
     Settings settings;
@@ -111,7 +111,7 @@ TEST_F(EntryViewTest, TheHintTakesTheEditorsPlace) {
 TEST_F(EntryViewTest, ScrollsAsAWholeAndKeepsTheCaretInView) {
     state.draft = manyLines(60);
     show();
-    EXPECT_EQ(editor().height() >= 60 * DraftEditor::rhythm, true);
+    EXPECT_EQ(editor().height() >= 60 * editor().lineHeight(), true);
     view.scrollToTop();
     EXPECT_EQ(view.verticalScrollBar()->value(), 0);
     QTest::keyClicks(&editor(), QStringLiteral("x"));
@@ -125,7 +125,7 @@ TEST_F(EntryViewTest, GrowsWhileTyping) {
     show();
     const int before = editor().height();
     QTest::keyClick(&editor(), Qt::Key_Return);
-    EXPECT_EQ(editor().height(), before + DraftEditor::rhythm);
+    EXPECT_EQ(editor().height(), before + editor().lineHeight());
 }
 
 TEST_F(EntryViewTest, TakesNoInputWhileItIsNotEditable) {

@@ -10,7 +10,7 @@
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Chrome/AlertSheet.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
-#include "DiaryApp/Editor/DraftEditor.h"
+#include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/EntryView.h"
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryApp/Shell/MainWindow.h"
@@ -45,7 +45,7 @@ protected:
 
     void type(const QString& text) const { QTest::keyClicks(editor(), text); }
 
-    [[nodiscard]] DraftEditor* editor() const {
+    [[nodiscard]] GrowingTextView* editor() const {
         return controller->window()->entryView()->editor();
     }
     [[nodiscard]] QString fileName() const { return today.monthDay().fileName(); }

@@ -1,56 +1,11 @@
-#include "DiaryApp/Editor/DraftEditor.h"
-
-#include <gtest/gtest.h>
-
-#include <QtCore/QMimeData>
-#include <QtGui/QClipboard>
-#include <QtGui/QInputMethodEvent>
-#include <QtGui/QTextBlock>
-#include <QtTest/QTest>
 #include <random>
 
-#include "DiaryApp/Appearance/Appearance.h"
+#include "tests/app/editor/EditorFixture.h"
 
 namespace velmar {
 namespace {
 
-class DraftEditorTest : public testing::Test {
-protected:
-    DraftEditorTest() {
-        appearance::prepare();
-        editor.resize(640, 400);
-        editor.onDraftChanged = [this](const QString& draft) { drafts.append(draft); };
-        editor.show();
-        editor.setFocus();
-    }
-
-    void compose(const QString& preedit) {
-        QInputMethodEvent event(preedit, {});
-        QCoreApplication::sendEvent(&editor, &event);
-    }
-
-    void commit(const QString& text) {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QCoreApplication::sendEvent(&editor, &event);
-    }
-
-    void caretAt(int position) {
-        QTextCursor cursor = editor.textCursor();
-        cursor.setPosition(position);
-        editor.setTextCursor(cursor);
-    }
-
-    void select(int from, int to) {
-        QTextCursor cursor = editor.textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        editor.setTextCursor(cursor);
-    }
-
-    DraftEditor editor;
-    QStringList drafts;
-};
+using GrowingTextViewTest = EditorFixture;
 
 const QString& hostile() {
     static const QString text = QStringLiteral(
@@ -59,14 +14,14 @@ const QString& hostile() {
     return text;
 }
 
-TEST_F(DraftEditorTest, LoadsWithoutACallbackAndPutsTheCaretAtTheEnd) {
+TEST_F(GrowingTextViewTest, LoadsWithoutACallbackAndPutsTheCaretAtTheEnd) {
     editor.load(QStringLiteral("one\ntwo"));
     EXPECT_TRUE(drafts.isEmpty());
     EXPECT_EQ(editor.textCursor().position(), 7);
     EXPECT_FALSE(editor.document()->isUndoAvailable());
 }
 
-TEST_F(DraftEditorTest, KeepsEveryCharacterThatWasNotTyped) {
+TEST_F(GrowingTextViewTest, KeepsEveryCharacterThatWasNotTyped) {
     editor.load(hostile());
     EXPECT_EQ(editor.draft(), hostile());
     QTest::keyClicks(&editor, QStringLiteral("end"));
@@ -76,7 +31,7 @@ TEST_F(DraftEditorTest, KeepsEveryCharacterThatWasNotTyped) {
     EXPECT_EQ(editor.draft(), QStringLiteral("start") + hostile() + QStringLiteral("end"));
 }
 
-TEST_F(DraftEditorTest, UndoAndRedoOfALargeDeletionGiveBackTheExactText) {
+TEST_F(GrowingTextViewTest, UndoAndRedoOfALargeDeletionGiveBackTheExactText) {
     editor.load(hostile());
     editor.selectAll();
     QTest::keyClick(&editor, Qt::Key_Delete);
@@ -87,7 +42,7 @@ TEST_F(DraftEditorTest, UndoAndRedoOfALargeDeletionGiveBackTheExactText) {
     EXPECT_TRUE(editor.draft().isEmpty());
 }
 
-TEST_F(DraftEditorTest, CopiesTheExactText) {
+TEST_F(GrowingTextViewTest, CopiesTheExactText) {
     editor.load(hostile());
     editor.selectAll();
     editor.copy();
@@ -96,7 +51,7 @@ TEST_F(DraftEditorTest, CopiesTheExactText) {
     EXPECT_FALSE(data->hasHtml());
 }
 
-TEST_F(DraftEditorTest, CutTakesTheTextAway) {
+TEST_F(GrowingTextViewTest, CutTakesTheTextAway) {
     editor.load(QStringLiteral("one two\r\nthree"));
     select(4, 9);
     editor.cut();
@@ -106,7 +61,7 @@ TEST_F(DraftEditorTest, CutTakesTheTextAway) {
     EXPECT_EQ(drafts.last(), QStringLiteral("one three"));
 }
 
-TEST_F(DraftEditorTest, PastesPlainTextWithPlainLineEnds) {
+TEST_F(GrowingTextViewTest, PastesPlainTextWithPlainLineEnds) {
     auto* data = new QMimeData;
     data->setHtml(QStringLiteral("<b>x</b>"));
     data->setText(QStringLiteral("x\r\ny\u00A0z\rw"));
@@ -119,7 +74,7 @@ TEST_F(DraftEditorTest, PastesPlainTextWithPlainLineEnds) {
     EXPECT_EQ(editor.draft(), QStringLiteral("ab"));
 }
 
-TEST_F(DraftEditorTest, ReturnBreaksTheLineWithShiftToo) {
+TEST_F(GrowingTextViewTest, ReturnBreaksTheLineWithShiftToo) {
     QTest::keyClicks(&editor, QStringLiteral("a"));
     QTest::keyClick(&editor, Qt::Key_Return);
     QTest::keyClicks(&editor, QStringLiteral("b"));
@@ -128,7 +83,7 @@ TEST_F(DraftEditorTest, ReturnBreaksTheLineWithShiftToo) {
     EXPECT_EQ(editor.draft(), QStringLiteral("a\nb\nc"));
 }
 
-TEST_F(DraftEditorTest, TextInCompositionIsNoPartOfTheDraft) {
+TEST_F(GrowingTextViewTest, TextInCompositionIsNoPartOfTheDraft) {
     editor.load(QStringLiteral("ab"));
     caretAt(1);
     compose(QStringLiteral("ni"));
@@ -140,7 +95,7 @@ TEST_F(DraftEditorTest, TextInCompositionIsNoPartOfTheDraft) {
     EXPECT_EQ(drafts, QStringList{QStringLiteral("a你好b")});
 }
 
-TEST_F(DraftEditorTest, ACancelledCompositionChangesNothing) {
+TEST_F(GrowingTextViewTest, ACancelledCompositionChangesNothing) {
     editor.load(QStringLiteral("a\r\nb"));
     caretAt(2);
     compose(QStringLiteral("かな"));
@@ -149,7 +104,7 @@ TEST_F(DraftEditorTest, ACancelledCompositionChangesNothing) {
     EXPECT_TRUE(drafts.isEmpty());
 }
 
-TEST_F(DraftEditorTest, LoadingDropsAComposition) {
+TEST_F(GrowingTextViewTest, LoadingDropsAComposition) {
     editor.load(QStringLiteral("first"));
     compose(QStringLiteral("xyz"));
     editor.load(QStringLiteral("second"));
@@ -157,7 +112,7 @@ TEST_F(DraftEditorTest, LoadingDropsAComposition) {
     EXPECT_TRUE(drafts.isEmpty());
 }
 
-TEST_F(DraftEditorTest, ReadOnlyTakesNoInput) {
+TEST_F(GrowingTextViewTest, ReadOnlyTakesNoInput) {
     editor.load(QStringLiteral("text"));
     editor.setReadOnly(true);
     QTest::keyClicks(&editor, QStringLiteral("x"));
@@ -167,14 +122,14 @@ TEST_F(DraftEditorTest, ReadOnlyTakesNoInput) {
     EXPECT_EQ(editor.draft(), QStringLiteral("text"));
 }
 
-TEST_F(DraftEditorTest, GrowsWithItsText) {
+TEST_F(GrowingTextViewTest, GrowsWithItsText) {
     EXPECT_EQ(editor.textHeight(), 76);
     editor.load(QStringLiteral("1\n2\n3\n4"));
-    EXPECT_EQ(editor.textHeight(), 4 * DraftEditor::rhythm);
+    EXPECT_EQ(editor.textHeight(), 4 * 34 + 4);
 }
 
 // Random work on the document against a plain string that gets the same edits.
-TEST_F(DraftEditorTest, TheCaretStandsInItsRowWhateverTheLettersThere) {
+TEST_F(GrowingTextViewTest, TheCaretStandsInItsRowWhateverTheLettersThere) {
     editor.load(QString());
     const int first = editor.caretRect().center().y();
     for (const QString& text : {QStringLiteral("latin"), QStringLiteral("日記を書く"),
@@ -182,15 +137,15 @@ TEST_F(DraftEditorTest, TheCaretStandsInItsRowWhateverTheLettersThere) {
         editor.load(text);
         EXPECT_EQ(editor.caretRect().center().y(), first) << text.toStdString();
         editor.load(text + QStringLiteral("\n\n") + text);
-        EXPECT_EQ(editor.caretRect().center().y(), first + 2 * DraftEditor::rhythm);
+        EXPECT_EQ(editor.caretRect().center().y(), first + 2 * 34);
     }
     editor.load(QString(200, u'w'));
     caretAt(200);
-    EXPECT_EQ((editor.caretRect().center().y() - first) % DraftEditor::rhythm, 0);
+    EXPECT_EQ((editor.caretRect().center().y() - first) % 34, 0);
     EXPECT_GT(editor.caretRect().center().y(), first);
 }
 
-TEST_F(DraftEditorTest, FollowsTenThousandRandomEdits) {
+TEST_F(GrowingTextViewTest, FollowsTenThousandRandomEdits) {
     std::mt19937 random(20261121);
     const auto pick = [&](int below) {
         return static_cast<int>(random() % static_cast<unsigned>(below));
@@ -223,7 +178,7 @@ TEST_F(DraftEditorTest, FollowsTenThousandRandomEdits) {
     EXPECT_FALSE(drafts.isEmpty());
 }
 
-TEST_F(DraftEditorTest, UndoneToTheStartTheDraftIsTheLoadedOne) {
+TEST_F(GrowingTextViewTest, UndoneToTheStartTheDraftIsTheLoadedOne) {
     std::mt19937 random(7);
     editor.load(hostile());
     for (int step = 0; step < 300; ++step) {

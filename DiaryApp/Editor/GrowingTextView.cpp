@@ -1,0 +1,304 @@
+#include "DiaryApp/Editor/GrowingTextView.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
+#include <QtGui/QPainter>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
+#include <cmath>
+
+#include "DiaryApp/Appearance/Appearance.h"
+#include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Appearance/TextPainter.h"
+#include "DiaryApp/Appearance/Theme.h"
+
+namespace velmar {
+
+using diary::MarkdownChange;
+using diary::TextRange;
+
+namespace {
+
+constexpr double kDefaultSize = 16.5;
+constexpr int kLeastHeight = 76;
+constexpr int kRoomBelow = 4;
+constexpr int kCaretWidth = 2;
+
+}  // namespace
+
+GrowingTextView::GrowingTextView(QWidget* parent)
+    : QTextEdit(parent),
+      m_style(fonts::serif(kDefaultSize), kDefaultSize, theme::color(Token::Ink)),
+      m_layout(new RhythmLayout(document(), m_style)),
+      m_highlighter(document(), m_style),
+      m_blink(appearance::caretFlashTime()) {
+    setAcceptRichText(false);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabChangesFocus(false);
+    document()->setDocumentMargin(0);
+    document()->setDefaultFont(m_style.body().font);
+    document()->setDocumentLayout(m_layout);
+    // Both belong to the layout. The caret is painted here, in its own colour and height.
+    m_layout->setPaintDevice(viewport());
+    setCursorWidth(0);
+    viewport()->setAutoFillBackground(false);
+    viewport()->setMouseTracking(true);
+    connectDocument();
+    load(QString());
+}
+
+void GrowingTextView::connectDocument() {
+    const auto repaint = qOverload<>(&QWidget::update);
+    connect(document(), &QTextDocument::contentsChange, this, &GrowingTextView::takeChange);
+    connect(document(), &QTextDocument::contentsChanged, this, &GrowingTextView::announce);
+    connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, [this] {
+        if (onHeightChanged) onHeightChanged();
+    });
+    connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
+        settleCaret();
+        repaintCaret();
+        if (onCaretMoved && !m_isLoading && !m_isApplying) onCaretMoved();
+    });
+    connect(this, &QTextEdit::selectionChanged, this, &GrowingTextView::settleCaret);
+    // Qt repaints selections line by line, which leaves the rest of the rows as it was.
+    connect(this, &QTextEdit::selectionChanged, viewport(), repaint);
+    connect(&m_blink, &CaretBlink::changed, this, &GrowingTextView::repaintCaret);
+}
+
+void GrowingTextView::load(const QString& draft) {
+    const QScopedValueRollback<bool> loading(m_isLoading, true);
+    dropComposition();
+    setPlainText(m_draft.load(draft));
+    moveCursor(QTextCursor::End);
+    m_lastSelection = selection();
+    m_hasChanged = false;
+    m_isStale = false;
+    viewport()->update();
+}
+
+void GrowingTextView::setPlaceholder(const QString& text) {
+    m_placeholder = text;
+    viewport()->update();
+}
+
+void GrowingTextView::restyle(const QFont& body, double fontSize, const QColor& color) {
+    const QScopedValueRollback<bool> loading(m_isLoading, true);
+    m_style = RhythmStyle(body, fontSize, color);
+    m_highlighter.setStyle(m_style);
+    document()->setDefaultFont(body);
+    setFont(body);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, color);
+    setPalette(colors);
+    // What is composed keeps its look; the edit that ends it brings the new one.
+    if (!isComposing()) m_highlighter.restyleAll(m_draft.text());
+    document()->markContentsDirty(0, document()->characterCount());
+    viewport()->update();
+}
+
+void GrowingTextView::setInert(bool inert) {
+    m_isInert = inert;
+    setAttribute(Qt::WA_TransparentForMouseEvents, inert);
+    viewport()->setAttribute(Qt::WA_TransparentForMouseEvents, inert);
+    setTextInteractionFlags(inert ? Qt::NoTextInteraction : Qt::TextEditorInteraction);
+    setFocusPolicy(inert ? Qt::NoFocus : Qt::StrongFocus);
+}
+
+void GrowingTextView::takeChange(int position, int removed, int added) {
+    if (m_isLoading) return m_highlighter.restyleAll(m_draft.text());
+    takeText(position, removed, added);
+    // A composition isn't disturbed: its paragraph keeps its look, and so do all others.
+    if (isComposing()) {
+        m_isStale = true;
+        m_highlighter.keepLook(textCursor().block());
+    } else if (std::exchange(m_isStale, false)) {
+        m_highlighter.restyleAll(m_draft.text());
+        viewport()->update();
+    } else if (m_highlighter.restyle(m_draft.text(), position, added)) {
+        viewport()->update();
+    }
+}
+
+// The document's texts are read only where it changed. Its last line break isn't part of the text.
+void GrowingTextView::takeText(int position, int removed, int added) {
+    const int end = qMin(position + added, document()->characterCount() - 1);
+    QString shown;
+    shown.reserve(qMax(0, end - position));
+    for (QTextBlock block = document()->findBlock(position);
+         block.isValid() && block.position() < end; block = block.next()) {
+        const int from = qMax(0, position - block.position());
+        const int length = qMin(end - block.position(), block.length() - 1) - from;
+        if (length > 0) shown.append(QStringView(block.text()).sliced(from, length));
+        if (block.position() + block.length() <= end) shown.append(QLatin1Char('\n'));
+    }
+    if (m_draft.replace(position, removed, shown)) m_hasChanged = true;
+}
+
+void GrowingTextView::announce() {
+    if (m_isLoading) return;
+    settleCaret();
+    if (m_draft.text().size() < 2) viewport()->update();  // The placeholder comes or goes.
+    if (std::exchange(m_hasChanged, false) && onTextChanged) onTextChanged(m_draft.text());
+}
+
+bool GrowingTextView::isComposing() const {
+    const QTextLayout* layout = textCursor().block().layout();
+    return layout != nullptr && !layout->preeditAreaText().isEmpty();
+}
+
+bool GrowingTextView::canFormat() const {
+    return !isReadOnly() && !m_isInert && !m_isApplying && !isComposing();
+}
+
+TextRange GrowingTextView::selection() const {
+    const QTextCursor cursor = textCursor();
+    return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+}
+
+diary::MarkdownContext GrowingTextView::context() const {
+    return diary::MarkdownEditing::context(draft(), selection());
+}
+
+void GrowingTextView::perform(FormatCommand command) {
+    if (canFormat()) applyIfAny(formatChange(command, draft(), selection()));
+}
+
+void GrowingTextView::command(QStringView name) {
+    if (const auto found = formatCommand(name)) perform(*found);
+}
+
+bool GrowingTextView::applyIfAny(const Change& change) {
+    if (change) apply(*change);
+    return change.has_value();
+}
+
+void GrowingTextView::apply(const MarkdownChange& change) {
+    {
+        const QScopedValueRollback<bool> applying(m_isApplying, true);
+        for (const MarkdownChange::Step& step : change.steps) {
+            breakUndo();
+            if (step.changesText() && !isReadOnly()) {
+                // Undo puts the caret back to where an edit block found its cursor.
+                QTextCursor cursor = textCursor();
+                cursor.beginEditBlock();
+                cursor.setPosition(static_cast<int>(step.range.location));
+                cursor.setPosition(static_cast<int>(step.range.end()), QTextCursor::KeepAnchor);
+                cursor.insertText(m_draft.shown(step.replacement));
+                cursor.endEditBlock();
+            }
+            select(step.selection);
+        }
+        breakUndo();
+    }
+    // Where a command put the caret it stays: between the marks of "****" too, which are a rule
+    // until something is typed there.
+    m_lastSelection = selection();
+    if (onCaretMoved) onCaretMoved();
+}
+
+void GrowingTextView::select(TextRange range) {
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(static_cast<int>(range.location));
+    cursor.setPosition(static_cast<int>(range.end()), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+// A document that counts as unmodified merges the next edit into no earlier one.
+void GrowingTextView::breakUndo() {
+    document()->setModified(false);
+}
+
+void GrowingTextView::dropComposition() {
+    if (!isComposing()) return;
+    QGuiApplication::inputMethod()->reset();
+    QInputMethodEvent none;
+    if (isComposing()) QTextEdit::inputMethodEvent(&none);
+}
+
+void GrowingTextView::undo() {
+    dropComposition();
+    QTextEdit::undo();
+}
+
+void GrowingTextView::redo() {
+    dropComposition();
+    QTextEdit::redo();
+}
+
+// The caret never rests in a hidden marker, where typing would spoil it.
+void GrowingTextView::settleCaret() {
+    if (m_isApplying || m_isLoading || m_isSettling || isComposing()) return;
+    const QScopedValueRollback<bool> settling(m_isSettling, true);
+    QTextCursor caret = textCursor();
+    if (const auto place = caretOutsideHiddenMarker(caret)) {
+        // The column that Up and Down aim for stays what it was.
+        const int column = caret.verticalMovementX();
+        caret.setPosition(*place);
+        caret.setVerticalMovementX(column);
+        setTextCursor(caret);
+    }
+    m_lastSelection = selection();
+}
+
+std::optional<int> GrowingTextView::caretOutsideHiddenMarker(const QTextCursor& caret) const {
+    if (caret.hasSelection()) return std::nullopt;
+    const QTextBlock block = caret.block();
+    const auto hidden = hiddenAt(block, caret.positionInBlock());
+    if (!hidden) return std::nullopt;
+    const int start = block.position() + static_cast<int>(hidden->location);
+    const int end = block.position() + static_cast<int>(hidden->end());
+    // Whoever stood at the text's start is moving left, out of the line.
+    const bool comesFromText = m_lastSelection == TextRange{end, 0};
+    return comesFromText && start > 0 ? start - 1 : end;
+}
+
+int GrowingTextView::textHeight() const {
+    const int height = static_cast<int>(std::ceil(m_layout->documentSize().height())) + kRoomBelow;
+    return isReadOnly() ? height : qMax(kLeastHeight, height);
+}
+
+QRect GrowingTextView::caretRect() const {
+    // Qt's rectangle has the right x and row, with composed text too, but not the right height.
+    const QRectF line(cursorRect());
+    const int row = static_cast<int>(std::floor(line.center().y() / lineHeight()));
+    const QTextCursor caret = textCursor();
+    const int last = qMax(0, caret.block().length() - 2);
+    const FontFace& face = m_style.face(fontAt(caret.block(), qMin(caret.positionInBlock(), last)));
+    const int height = face.ascent + face.descent + 2;
+    const int baseline = rhythmBaseline(lineHeight(), face.ascent, face.descent);
+    const double middle = row * lineHeight() + baseline - (face.ascent - face.descent) / 2.0;
+    return {qRound(line.left()) - 1, qRound(middle - height / 2.0), kCaretWidth, height};
+}
+
+void GrowingTextView::paintEvent(QPaintEvent* event) {
+    QTextEdit::paintEvent(event);
+    QPainter painter(viewport());
+    paintPlaceholder(painter);
+    paintCaret(painter);
+}
+
+// Whole rows, so that what touches the caret is painted with it.
+void GrowingTextView::repaintCaret() {
+    viewport()->update(m_caretRow);
+    const QRect caret = caretRect();
+    m_caretRow = {0, caret.top() - 2, viewport()->width(), caret.height() + 4};
+    viewport()->update(m_caretRow);
+}
+
+void GrowingTextView::paintCaret(QPainter& painter) const {
+    if (!m_blink.isLit() || isReadOnly() || m_isInert || textCursor().hasSelection()) return;
+    painter.fillRect(caretRect(), theme::color(Token::Accent));
+}
+
+void GrowingTextView::paintPlaceholder(QPainter& painter) const {
+    if (!m_draft.text().isEmpty() || isComposing()) return;
+    const int left = markRoom + gutter;
+    const QRectF line(left, 0, viewport()->width() - left - gutter, lineHeight());
+    paintLine(painter, line, m_placeholder,
+              {m_style.body().font, double(lineHeight()), Token::Placeholder});
+}
+
+}  // namespace velmar

@@ -1,0 +1,302 @@
+#include "DiaryApp/Editor/RhythmPainter.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QGlyphRun>
+#include <QtGui/QPainterPath>
+#include <QtGui/QTextLayout>
+
+#include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Appearance/Theme.h"
+#include "DiaryApp/Editor/RhythmLayout.h"
+#include "DiaryKit/Markdown/MarkdownLine.h"
+
+namespace velmar {
+
+namespace {
+
+using diary::MarkdownDecoration;
+using Kind = diary::MarkdownLinePrefix::Kind;
+
+constexpr int kTextEdge = RhythmLayout::markRoom + RhythmLayout::gutter;
+constexpr int kMarkGap = 5;
+constexpr int kBulletShift = 1;
+constexpr double kBoxRadius = 4;
+constexpr double kBoxLine = 1.5;
+constexpr double kCheckLine = 1.8;
+constexpr int kBarInset = 6;
+constexpr double kBarWidth = 3;
+constexpr double kPillHeight = 19;
+constexpr double kPillPadding = 8;
+constexpr double kPillGap = 8;
+constexpr double kCodeHeight = 23;
+constexpr double kCodeRadius = 4;
+constexpr double kFenceInset = 10;
+constexpr double kFenceRadius = 8;
+constexpr double kMarkRadius = 3;
+
+// Where the text of an item of this level has its marker.
+double left(const MarkdownDecoration& decoration, const RhythmStyle& style) {
+    return kTextEdge + double(style.metrics().indentStep()) * double(decoration.level);
+}
+
+void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& color) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(rect, radius, radius);
+    painter.restore();
+}
+
+// The end of the Markdown line that begins at the offset; it may end within the paragraph.
+int lineEnd(const QTextBlock& block, qsizetype offset) {
+    return static_cast<int>(diary::markdownLineRange(block.text(), offset).end());
+}
+
+}  // namespace
+
+RhythmPainter::RhythmPainter(QPainter& painter, const RhythmLayout& layout,
+                             const RhythmStyle& style, const Context& context)
+    : m_painter(painter), m_layout(layout), m_style(style), m_context(context) {}
+
+QRectF RhythmPainter::rowOf(const QTextBlock& block, int offset, const RhythmLayout& layout) {
+    const QTextLine line = block.layout()->lineForTextPosition(offset);
+    const int number = line.isValid() ? line.lineNumber() : 0;
+    const double height = layout.lineHeight();
+    return {0, layout.top(block) + number * height, layout.documentSize().width(), height};
+}
+
+QRect RhythmPainter::taskBox(const MarkdownDecoration& task, const QRectF& row,
+                             const RhythmStyle& style) {
+    const int side = style.metrics().taskBox();
+    return {qRound(left(task, style)), qRound(row.center().y() - side / 2.0), side, side};
+}
+
+void RhythmPainter::drawBlock(const QTextBlock& block) {
+    drawGrounds(block);
+    drawSelections(block);
+    if (const BlockStyle* style = BlockStyle::of(block)) {
+        for (const MarkdownDecoration& each : style->styling.decorations) {
+            drawDecoration(block, each);
+        }
+    }
+    m_painter.setPen(m_style.textColor());
+    block.layout()->draw(&m_painter, {}, {}, m_context.clip);
+    drawOblique(block);
+}
+
+// The rows' parts from one character to another, each as high as the row. Characters are asked one
+// by one, since in a line of two directions a stretch of text may stand in several places.
+QList<QRectF> RhythmPainter::rowsOf(const QTextBlock& block, int from, int to) const {
+    QList<QRectF> parts;
+    const QTextLayout* layout = block.layout();
+    const double height = m_layout.lineHeight();
+    for (int number = 0; number < layout->lineCount(); ++number) {
+        const QTextLine line = layout->lineAt(number);
+        const int end = qMin(to, line.textStart() + line.textLength());
+        const double top = m_layout.top(block) + number * height;
+        for (int at = qMax(from, line.textStart()); at < end; ++at) {
+            const double one = line.cursorToX(at, QTextLine::Leading);
+            const double other = line.cursorToX(at, QTextLine::Trailing);
+            const QRectF part(qMin(one, other), top, qAbs(other - one), height);
+            const bool isNext = !parts.isEmpty() && parts.last().top() == top &&
+                                part.left() <= parts.last().right() + 0.01 &&
+                                part.right() >= parts.last().left() - 0.01;
+            isNext ? void(parts.last() |= part) : parts.append(part);
+        }
+    }
+    return parts;
+}
+
+void RhythmPainter::drawGrounds(const QTextBlock& block) {
+    drawFence(block);
+    const BlockStyle* style = BlockStyle::of(block);
+    if (style != nullptr && style->isFenced) return;
+    // The layout's own formats, whose places count composed text too.
+    std::optional<QPair<int, int>> code;
+    const auto fill = [&] {
+        if (!code) return;
+        for (const QRectF& part : rowsOf(block, code->first, code->second)) {
+            const double inset = (part.height() - kCodeHeight) / 2;
+            fillRounded(m_painter, part.adjusted(0, inset, 0, -inset), kCodeRadius,
+                        theme::color(Token::HoverBg));
+        }
+    };
+    for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+        if (!range.format.boolProperty(RhythmStyle::kCode)) continue;
+        // The ticks at both ends have a look of their own and belong to the same ground.
+        if (code && code->second == range.start) {
+            code->second += range.length;
+            continue;
+        }
+        fill();
+        code = {range.start, range.start + range.length};
+    }
+    fill();
+}
+
+// Rows of a fenced block touch. Only its first and its last have round corners, so each paragraph
+// draws its part of a rectangle that reaches into its neighbours.
+void RhythmPainter::drawFence(const QTextBlock& block) {
+    const auto isFenced = [](const QTextBlock& each) {
+        const BlockStyle* style = BlockStyle::of(each);
+        return style != nullptr && style->isFenced;
+    };
+    if (!isFenced(block)) return;
+    const QRectF rows = m_layout.blockBoundingRect(block);
+    const double reach = 2 * kFenceRadius;
+    const bool isFirst = !isFenced(block.previous()) ||
+                         BlockStyle::of(block)->fenceAhead == BlockStyle::Fence::Closed;
+    const bool isLast =
+        !isFenced(block.next()) || BlockStyle::of(block)->fenceBehind == BlockStyle::Fence::Closed;
+    const QRectF ground = rows.adjusted(RhythmLayout::markRoom + kFenceInset, isFirst ? 0 : -reach,
+                                        -kFenceInset, isLast ? 0 : reach);
+    m_painter.save();
+    m_painter.setClipRect(rows, Qt::IntersectClip);
+    fillRounded(m_painter, ground, kFenceRadius, theme::color(Token::HoverBg));
+    m_painter.restore();
+}
+
+void RhythmPainter::drawSelections(const QTextBlock& block) {
+    const int start = block.position();
+    const int length = block.length();
+    for (const auto& selection : m_context.selections) {
+        const int from = qMax(0, selection.cursor.selectionStart() - start);
+        const int to = qMin(length, selection.cursor.selectionEnd() - start);
+        if (from < to) drawSelection(block, from, to, selection.format);
+    }
+}
+
+void RhythmPainter::drawSelection(const QTextBlock& block, int from, int to,
+                                  const QTextCharFormat& format) {
+    const bool isMark = format.boolProperty(RhythmStyle::kMark);
+    const QColor color = isMark ? format.background().color() : theme::color(Token::SelectionBg);
+    const int length = block.length() - 1;
+    for (const QRectF& part : rowsOf(block, from, qMin(to, length))) {
+        if (part.width() <= 0) continue;
+        isMark ? fillRounded(m_painter, part.adjusted(0, 5, 0, -5), kMarkRadius, color)
+               : m_painter.fillRect(part, color);
+    }
+    // A selected line break shows as a stub at the end of its row.
+    if (isMark || to <= length) return;
+    const QTextLine last = block.layout()->lineAt(block.layout()->lineCount() - 1);
+    if (!last.isValid()) return;
+    const QRectF row = rowOf(block, length, m_layout);
+    m_painter.fillRect(QRectF(last.cursorToX(length), row.top(), row.height() / 4, row.height()),
+                       color);
+}
+
+// The same face sheared: a real italic would be another design, and Qt's own slant is steeper.
+void RhythmPainter::drawOblique(const QTextBlock& block) {
+    const QTextLayout* layout = block.layout();
+    for (const QTextLayout::FormatRange& range : layout->formats()) {
+        if (!range.format.hasProperty(RhythmStyle::kOblique)) continue;
+        m_painter.setPen(range.format.colorProperty(RhythmStyle::kOblique));
+        for (int number = 0; number < layout->lineCount(); ++number) {
+            const QTextLine line = layout->lineAt(number);
+            const int from = qMax(range.start, line.textStart());
+            const int to = qMin(range.start + range.length, line.textStart() + line.textLength());
+            if (from >= to) continue;
+            const double baseline = layout->position().y() + line.y() + line.ascent();
+            m_painter.save();
+            m_painter.translate(0, baseline);
+            m_painter.shear(-diary::MarkdownAttributes::kObliqueness, 0);
+            for (const QGlyphRun& run : line.glyphRuns(from, to - from)) {
+                m_painter.drawGlyphRun(layout->position() - QPointF(0, baseline), run);
+            }
+            m_painter.restore();
+        }
+    }
+}
+
+void RhythmPainter::drawDecoration(const QTextBlock& block, const MarkdownDecoration& decoration) {
+    const QRectF row = rowOf(block, static_cast<int>(decoration.at), m_layout);
+    const QColor& sub = theme::color(Token::DaySubText);
+    const double x = left(decoration, m_style);
+    switch (decoration.kind) {
+        case Kind::heading:
+            return drawHeading(block, decoration, row);
+        case Kind::bullet: {
+            const bool isHollow = decoration.level % 2 == 1;
+            return drawText(isHollow ? m_style.hollowBulletFont() : m_style.bulletFont(), sub,
+                            x + kBulletShift, row, QString(isHollow ? QChar(u'◦') : QChar(u'•')));
+        }
+        case Kind::ordered:
+            return drawText(m_style.markFont(), sub, x, row,
+                            QString::number(decoration.value) + QLatin1Char('.'));
+        case Kind::task:
+            return drawBox(taskBox(decoration, row, m_style), decoration.value != 0);
+        case Kind::quote:
+            return drawQuote(block, decoration);
+        case Kind::rule:
+            return drawRule(row);
+        case Kind::plain:
+            return;
+    }
+}
+
+void RhythmPainter::drawText(const QFont& font, const QColor& color, double x, const QRectF& row,
+                             const QString& text) {
+    m_painter.setFont(font);
+    m_painter.setPen(color);
+    m_painter.drawText(QPointF(x, row.top() + fonts::baseline(font, row.height())), text);
+}
+
+void RhythmPainter::drawHeading(const QTextBlock& block, const MarkdownDecoration& heading,
+                                const QRectF& row) {
+    const QString marks(heading.value, QLatin1Char('#'));
+    const double width = QFontMetricsF(m_style.markFont()).horizontalAdvance(marks);
+    drawText(m_style.markFont(), theme::color(Token::Faint), kTextEdge - kMarkGap - width, row,
+             marks);
+    if (heading.year) drawPill(block, static_cast<int>(heading.at), *heading.year, row);
+}
+
+void RhythmPainter::drawPill(const QTextBlock& block, int offset, int year, const QRectF& row) {
+    const QTextLine line = block.layout()->lineForTextPosition(offset);
+    const QString text = qtTrId("YearSectionWarning").arg(year);
+    const double width = QFontMetricsF(m_style.pillFont()).horizontalAdvance(text);
+    const QRectF pill(line.naturalTextRect().right() + kPillGap,
+                      qRound(row.center().y() - kPillHeight / 2), width + 2 * kPillPadding,
+                      kPillHeight);
+    fillRounded(m_painter, pill, kPillHeight / 2, theme::color(Token::AccentSoft));
+    drawText(m_style.pillFont(), theme::color(Token::AccentDeep), pill.left() + kPillPadding, pill,
+             text);
+}
+
+void RhythmPainter::drawBox(const QRect& box, bool isChecked) {
+    const QRectF rect(box);
+    m_painter.save();
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    m_painter.setPen(isChecked ? QPen(Qt::NoPen) : QPen(theme::color(Token::BoxBorder), kBoxLine));
+    m_painter.setBrush(theme::color(isChecked ? Token::Accent : Token::CardBgActive));
+    const double inset = isChecked ? 0 : kBoxLine / 2;
+    m_painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), kBoxRadius - inset,
+                              kBoxRadius - inset);
+    if (isChecked) {
+        const double side = rect.width() / 16;
+        QPainterPath check(rect.topLeft() + QPointF(4.2, 8.4) * side);
+        check.lineTo(rect.topLeft() + QPointF(6.9, 11.1) * side);
+        check.lineTo(rect.topLeft() + QPointF(11.8, 5.2) * side);
+        m_painter.setPen(QPen(theme::color(Token::Paper), kCheckLine * side, Qt::SolidLine,
+                              Qt::RoundCap, Qt::RoundJoin));
+        m_painter.setBrush(Qt::NoBrush);
+        m_painter.drawPath(check);
+    }
+    m_painter.restore();
+}
+
+void RhythmPainter::drawQuote(const QTextBlock& block, const MarkdownDecoration& quote) {
+    const QRectF first = rowOf(block, static_cast<int>(quote.at), m_layout);
+    const QRectF last = rowOf(block, lineEnd(block, quote.at), m_layout);
+    const double height = qMax(0.0, last.bottom() - first.top() - 2 * kBarInset);
+    fillRounded(m_painter, {kTextEdge, first.top() + kBarInset, kBarWidth, height}, kBarWidth / 2,
+                theme::color(Token::QuoteBar));
+}
+
+void RhythmPainter::drawRule(const QRectF& row) {
+    const double right = row.right() - RhythmLayout::gutter;
+    m_painter.fillRect(QRectF(kTextEdge, qRound(row.center().y() - 0.5), right - kTextEdge, 1),
+                       theme::color(Token::Border));
+}
+
+}  // namespace velmar
