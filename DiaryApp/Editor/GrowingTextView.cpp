@@ -6,6 +6,7 @@
 #include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
+#include <algorithm>
 #include <cmath>
 
 #include "DiaryApp/Appearance/Appearance.h"
@@ -24,6 +25,23 @@ constexpr double kDefaultSize = 16.5;
 constexpr int kLeastHeight = 76;
 constexpr int kRoomBelow = 4;
 constexpr int kCaretWidth = 2;
+
+// Where a position of the old text stands in the new one: what both begin and end with keeps its
+// place, and what lies in the changed part goes to the nearest place that is there.
+int movedPosition(QStringView before, QStringView after, int position) {
+    const qsizetype shorter = std::min(before.size(), after.size());
+    qsizetype prefix = 0;
+    while (prefix < shorter && before[prefix] == after[prefix]) ++prefix;
+    qsizetype suffix = 0;
+    while (suffix < shorter - prefix &&
+           before[before.size() - 1 - suffix] == after[after.size() - 1 - suffix]) {
+        ++suffix;
+    }
+    if (position <= prefix) return position;
+    const auto growth = static_cast<int>(after.size() - before.size());
+    if (position >= before.size() - suffix) return position + growth;
+    return static_cast<int>(std::min<qsizetype>(position, after.size() - suffix));
+}
 
 }  // namespace
 
@@ -77,6 +95,18 @@ void GrowingTextView::load(const QString& draft) {
     m_hasChanged = false;
     m_isStale = false;
     viewport()->update();
+}
+
+void GrowingTextView::reload(const QString& draft) {
+    const QString before = m_draft.text();
+    if (before.isEmpty()) return load(draft);
+    const int anchor = movedPosition(before, draft, textCursor().anchor());
+    const int position = movedPosition(before, draft, textCursor().position());
+    load(draft);
+    QTextCursor caret = textCursor();
+    caret.setPosition(anchor);
+    caret.setPosition(position, QTextCursor::KeepAnchor);
+    setTextCursor(caret);
 }
 
 void GrowingTextView::setPlaceholder(const QString& text) {

@@ -32,6 +32,8 @@ public:
 
     // Shows another draft: the caret goes to its end and the undo history is cleared. No callback.
     void load(const QString& draft);
+    // Shows another state of the same text: the caret and the selection stay at their words.
+    void reload(const QString& draft);
     [[nodiscard]] const QString& draft() const { return m_draft.text(); }
 
     void setPlaceholder(const QString& text);

@@ -59,7 +59,11 @@ void EntryView::update(const Model& model) {
     const QString place = model.dayKey + u' ' + model.block.mark;
     const bool isElsewhere = std::exchange(m_loadedFor, place) != place;
     if (const auto* editor = std::get_if<Model::Editor>(&model.block.kind)) {
-        if (isElsewhere || editor->draft != m_editor->draft()) m_editor->load(editor->draft);
+        if (isElsewhere) {
+            m_editor->load(editor->draft);
+        } else if (editor->draft != m_editor->draft()) {
+            m_editor->reload(editor->draft);
+        }
         m_editor->setAccessibleName(qtTrId("AccessibleEditor").arg(place));
     }
     showBlock(model.block);

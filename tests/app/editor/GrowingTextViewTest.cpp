@@ -21,6 +21,27 @@ TEST_F(GrowingTextViewTest, LoadsWithoutACallbackAndPutsTheCaretAtTheEnd) {
     EXPECT_FALSE(editor.document()->isUndoAvailable());
 }
 
+TEST_F(GrowingTextViewTest, AnotherStateOfTheTextLeavesTheCaretAtItsWord) {
+    const struct {
+        const char* before;
+        const char* after;
+        const char* shown;
+    } rows[] = {
+        {"one| two", "zero one two", "zero one| two"},
+        {"one two|", "one two three", "one two| three"},
+        {"one |two", "one", "one|"},
+        {"one |two| three", "zero, one two three", "zero, one |two| three"},
+        {"|", "theirs", "theirs|"},
+        {"mine|", "", "|"},
+    };
+    for (const auto& row : rows) {
+        load(QString::fromLatin1(row.before));
+        editor.reload(QString::fromLatin1(row.after));
+        EXPECT_EQ(shown().toStdString(), row.shown);
+    }
+    EXPECT_TRUE(drafts.isEmpty());
+}
+
 TEST_F(GrowingTextViewTest, KeepsEveryCharacterThatWasNotTyped) {
     editor.load(hostile());
     EXPECT_EQ(editor.draft(), hostile());
