@@ -34,6 +34,10 @@ function(velmar_pane name)
   velmar_reuse_precompiled(${name} velmar_pch_gui)
 endfunction()
 
+# Read by programs with the address sanitizer only.
+set(velmar_leaks
+  "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp")
+
 # velmar_test(name SOURCES … LINK … [GUI] [MOC] [TIMEOUT seconds]): a GoogleTest program and its
 # ctest entry. It runs offscreen and with folders of its own for settings, state and locks.
 function(velmar_test name)
@@ -59,7 +63,7 @@ function(velmar_test name)
   endif()
   add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/sandboxed $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;${velmar_leaks}")
 endfunction()
 
 # velmar_script_test(name COMMAND … [TIMEOUT seconds]): a script as a ctest entry; 77 is a skip.
@@ -70,7 +74,7 @@ function(velmar_script_test name)
   endif()
   add_test(NAME ${name} COMMAND ${arg_COMMAND})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} SKIP_RETURN_CODE 77
-    ENVIRONMENT "VELMAR_BIN=${CMAKE_BINARY_DIR}/bin;TZ=UTC;LC_ALL=C.UTF-8")
+    ENVIRONMENT "VELMAR_BIN=${CMAKE_BINARY_DIR}/bin;TZ=UTC;LC_ALL=C.UTF-8;${velmar_leaks}")
   if(arg_SERIAL)
     set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
   endif()

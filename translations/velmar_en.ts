@@ -311,7 +311,7 @@
     <message id="SaveFailedNothingLost">
         <source></source>
         <extracomment>Follows one of the causes above, as a paragraph of its own.</extracomment>
-        <translation>Nothing you wrote is lost. It stays in the editor and is saved as soon as possible.</translation>
+        <translation>Nothing you wrote is lost. The next key, or Save, tries again; what can't be saved when you leave is kept.</translation>
     </message>
     <message id="OK">
         <source></source>

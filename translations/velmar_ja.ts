@@ -306,7 +306,7 @@
     <message id="SaveFailedNothingLost">
         <source></source>
         <extracomment>Follows one of the causes above, as a paragraph of its own.</extracomment>
-        <translation>書いた内容は何も失われていません。エディタに残っており、できるようになり次第保存されます。</translation>
+        <translation>書いた内容は何も失われていません。次のキー入力か「保存」でもう一度試します。離れるときに保存できないものは、別に残しておきます。</translation>
     </message>
     <message id="OK">
         <source></source>

@@ -306,7 +306,7 @@
     <message id="SaveFailedNothingLost">
         <source></source>
         <extracomment>Follows one of the causes above, as a paragraph of its own.</extracomment>
-        <translation>你写的内容一个字也没有丢。它还在编辑器里，一旦可以就会保存。</translation>
+        <translation>你写的内容一个字也没有丢。再按一个键或选“保存”就会重试；离开时仍存不下的，会另外留存。</translation>
     </message>
     <message id="OK">
         <source></source>

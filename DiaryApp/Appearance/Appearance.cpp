@@ -3,6 +3,7 @@
 #include <QtGui/QPalette>
 #include <QtGui/QStyleHints>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 #include <optional>
 #include <utility>
 

@@ -15,7 +15,7 @@ namespace velmar::fonts {
 void load();
 
 // Decides which Chinese and Japanese shapes stand in for what the Latin fonts lack.
-void setLanguage(Language language);
+void setLanguage(Language chosen);
 
 // The body of the diary: the user's choice if that family is there, else the first of the
 // preferred Chinese families that is installed, else the serif below.

@@ -1,5 +1,6 @@
 #include "DiaryApp/Appearance/OverlayScrollBar.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>

@@ -80,7 +80,8 @@ void drawMenuTexts(const QStyleOptionMenuItem& item, QPainter* painter) {
 
 void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter) {
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
-        const QPointF from(item.rect.left() + 8, item.rect.top() + kMenuSeparatorHeight / 2);
+        const int middle = item.rect.top() + kMenuSeparatorHeight / 2;
+        const QPointF from(item.rect.left() + 8, middle);
         paintHairline(*painter, from, item.rect.width() - 16, Token::BorderSoft);
         return;
     }
@@ -226,7 +227,6 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
                            QStyleHintReturn* result) const {
     switch (hint) {
         case SH_FocusFrame_AboveWidget:
-            return 1;
         case SH_MenuBar_AltKeyNavigation:
             return 1;
         case SH_ToolTipLabel_Opacity:

@@ -1,6 +1,7 @@
 #include "DiaryApp/Chrome/AlertSheet.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 
@@ -49,6 +50,8 @@ AlertSheet* AlertSheet::show(QWidget* window, const QString& title, const QStrin
     sheet->setVisible(true);
     sheet->raise();
     sheet->m_button->setFocus(Qt::OtherFocusReason);
+    QAccessibleEvent alert(sheet, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
     return sheet;
 }
 

@@ -11,8 +11,8 @@ namespace {
 constexpr const char* kMenuProperty = "velmarMenu";
 constexpr const char* kRowProperty = "velmarRow";
 
-// A menu's letters aren't marked with "&": the titles are the same in all three languages' menus,
-// and the keyboard reaches them by Alt and the arrows.
+// A menu's letters aren't marked with "&", which Chinese and Japanese titles have none for; the
+// keyboard reaches the menus by Alt and the arrows in every language.
 QString title(const char* key) {
     QString text = qtTrId(key);
     if (text.contains(QLatin1String("%1"))) text = text.arg(QCoreApplication::applicationName());
@@ -44,7 +44,7 @@ QMenu* menuOf(QMenuBar* bar, Menu menu) {
 
 }  // namespace
 
-QMenuBar* MainMenuBuilder::build(QWidget* window, Dispatch dispatch) {
+QMenuBar* MainMenuBuilder::build(QWidget* window, const Dispatch& dispatch) {
     auto* bar = new QMenuBar(window);
     bar->setNativeMenuBar(false);
     const auto rows = menuTable();

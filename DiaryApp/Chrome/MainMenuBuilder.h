@@ -14,7 +14,7 @@ public:
 
     // The menu bar of a window: all rows of the table, their texts in the installed language. Each
     // command calls `dispatch`. To follow a change of language call retranslate().
-    [[nodiscard]] static QMenuBar* build(QWidget* window, Dispatch dispatch);
+    [[nodiscard]] static QMenuBar* build(QWidget* window, const Dispatch& dispatch);
 
     // Sets the texts again, in the language that is installed now.
     static void retranslate(QMenuBar* bar);

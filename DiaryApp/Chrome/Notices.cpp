@@ -24,6 +24,7 @@ QString cause(int code) {
         case EROFS:
             return qtTrId("SaveFailedReadOnly");
         case ENOENT:
+        case ENODEV:
         case ENOTDIR:
             return qtTrId("SaveFailedFolderMissing");
         default:

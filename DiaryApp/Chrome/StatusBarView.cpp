@@ -1,6 +1,7 @@
 #include "DiaryApp/Chrome/StatusBarView.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
@@ -55,11 +56,13 @@ void StatusBarView::flash(const QString& text) {
     m_flash = text;
     m_flashTimer.start();
     refresh();
+    announce();
 }
 
 void StatusBarView::pin(const QString& text, const QString& link, std::function<void()> action) {
     m_pinned = Pinned{text, link, std::move(action)};
     refresh();
+    announce();
 }
 
 void StatusBarView::unpin() {
@@ -96,7 +99,14 @@ void StatusBarView::refresh() {
     QWidget::update();
 }
 
+// Screen readers speak what they are alerted to; a description that changes they don't.
+void StatusBarView::announce() {
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
 void StatusBarView::runAction() {
+    if (!m_pinned) return;
     // The action may pin or unpin something else.
     const std::function<void()> action = m_pinned->action;
     if (action) action();
@@ -151,7 +161,7 @@ void StatusBarView::paintLeft(QPainter& painter, const QRectF& line) const {
     const Token color = m_flash ? Token::InkMed : Token::StatusText;
     const TextLook plain = {caption(), kLine, color};
     const QRect link = linkRect();
-    if (link.isEmpty()) {
+    if (link.isEmpty() || !m_pinned) {
         paintLine(painter, line, leftText(), plain);
         return;
     }

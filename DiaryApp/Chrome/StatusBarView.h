@@ -60,6 +60,7 @@ private:
     };
 
     void refresh();
+    void announce();
     void runAction();
     [[nodiscard]] QString withHomeShort(const QString& path) const;
     void paintLeft(QPainter& painter, const QRectF& line) const;

@@ -41,8 +41,8 @@ EntryModel::Block block(const EntryState& state) {
 
 QString weekdayName(const EntryState& state) {
     const Formatters& formatters = Formatters::of(state.language);
-    const QString written = formatters.written(
-        state.day, state.viewedYear, QStringLiteral("EEEEMMMMd"), QStringLiteral("MMMMd"));
+    QString written = formatters.written(state.day, state.viewedYear, QStringLiteral("EEEEMMMMd"),
+                                         QStringLiteral("MMMMd"));
     if (!written.isEmpty()) return written;
     const auto weekday = state.day.weekday(state.viewedYear);
     return weekday ? formatters.weekdayName(*weekday) : QString();

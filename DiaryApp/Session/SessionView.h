@@ -36,6 +36,10 @@ struct SessionView {
     std::function<void()> clearSearchHighlights;
     std::function<void(bool)> setEdited;
     std::function<void(bool)> setEditable;
+    // Takes what an input method holds into the draft, before the draft is left.
+    std::function<void()> commitComposition;
+    // Whether an input method holds text that isn't in the draft yet.
+    std::function<bool()> isComposing;
     std::function<void(SessionNotice)> flash;
     // The first failure since the last good save. May run a modal dialog.
     std::function<void(const diary::FileError&)> showSaveError;

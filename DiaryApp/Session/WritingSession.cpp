@@ -23,6 +23,15 @@ void call(const Callable& callable, Arguments&&... arguments) {
     if (callable) callable(std::forward<Arguments>(arguments)...);
 }
 
+// A kept draft is mostly a later state of what the file holds; only what is really another text
+// stands behind it.
+QString withKeptText(const QString& draft, const QString& kept) {
+    const QStringView body = diary::text::trimmed(draft);
+    if (body.startsWith(kept) || YearSectionParser::holdsOnOwnLines(body, kept)) return draft;
+    if (kept.startsWith(body) || YearSectionParser::holdsOnOwnLines(kept, body)) return kept;
+    return draft + QLatin1String("\n\n") + kept;
+}
+
 }  // namespace
 
 WritingSession::WritingSession(diary::DiaryStore& store, SessionView view, Environment environment)
@@ -46,9 +55,11 @@ QString WritingSession::body(int ofYear) const {
     return YearSectionParser::body(ofYear, m_rawText);
 }
 
-std::vector<PastEntry> WritingSession::pastEntries() const {
+const std::vector<PastEntry>& WritingSession::pastEntries() const {
     const int currentYear = today().year;
-    std::vector<PastEntry> entries;
+    if (m_pastEntries && m_pastEntries->currentYear == currentYear) return m_pastEntries->entries;
+    m_pastEntries = PastEntries{currentYear, {}};
+    std::vector<PastEntry>& entries = m_pastEntries->entries;
     for (YearSectionParser::YearBody& section : YearSectionParser::sectionBodies(m_rawText)) {
         if (section.year == currentYear || section.body.isEmpty()) continue;
         entries.push_back({section.year, std::move(section.body)});
@@ -56,6 +67,11 @@ std::vector<PastEntry> WritingSession::pastEntries() const {
     std::stable_sort(entries.begin(), entries.end(),
                      [](const PastEntry& a, const PastEntry& b) { return a.year > b.year; });
     return entries;
+}
+
+void WritingSession::setRawText(QString text) {
+    m_rawText = std::move(text);
+    m_pastEntries.reset();
 }
 
 bool WritingSession::open(const MonthDay& monthDay, Focus focus) {
@@ -81,7 +97,11 @@ bool WritingSession::pickYear(int year, Focus focus) {
     if (!leaveDraft()) return false;
     m_showAllYears = false;
     m_viewedYear = year;
-    loadDraft();
+    if (m_isRawTextStale) {
+        loadDay();
+    } else {
+        loadDraft();
+    }
     call(m_view.renderSidebar);
     call(m_view.renderEntry);
     call(m_view.renderRail);
@@ -160,6 +180,7 @@ void WritingSession::keepAbandonedDrafts() {
 void WritingSession::flushSaveIfDirty() {
     m_saveTimer->stop();
     if (!m_isDirty) return;
+    if (m_isPageUnread) takeInUnreadPage();
     m_keptNotices.clear();
     try {
         diary::SectionSave save;
@@ -186,26 +207,45 @@ QString WritingSession::textToSave(const std::optional<diary::dayfile::Content>&
     }
     const QDateTime now = m_environment.clock->now();
     if (existing && !existing->isValidUtf8) {
-        m_store.keptTexts().keep(title, std::nullopt, KeptReason::Undecodable, existing->bytes,
-                                 now);
-        m_keptNotices.push_back(SessionNotice::KeptUndecodable);
+        noteKept(m_store.keptTexts().keep(title, std::nullopt, KeptReason::Undecodable,
+                                          existing->bytes, now),
+                 SessionNotice::KeptUndecodable);
     }
     const QString& replaced = saving->replacedBody;
     const bool isOurs = replaced.isEmpty() || replaced == m_loadedBody ||
                         replaced == m_writtenBody ||
                         YearSectionParser::holdsOnOwnLines(saving->written, replaced);
     if (!isOurs) {
-        m_store.keptTexts().keep(title, m_viewedYear, KeptReason::Overwritten, replaced.toUtf8(),
-                                 now);
-        m_keptNotices.push_back(SessionNotice::KeptOverwritten);
+        noteKept(m_store.keptTexts().keep(title, m_viewedYear, KeptReason::Overwritten,
+                                          replaced.toUtf8(), now),
+                 SessionNotice::KeptOverwritten);
     }
     save = *saving;
     return save.text;
 }
 
+// A save that fails comes again, and keeps the same text; that is said once.
+void WritingSession::noteKept(const diary::KeptText& kept, SessionNotice notice) {
+    if (m_toldKept.insert(kept.path).second) m_keptNotices.push_back(notice);
+}
+
+// The page was blank because its file couldn't be read, and was written on since. Now that it can
+// be, what it holds stands ahead of what was written.
+void WritingSession::takeInUnreadPage() {
+    diary::dayfile::Loaded loaded = m_store.load(m_monthDay);
+    if (loaded.isUnreadable) return;  // Then it can't be saved either.
+    m_isPageUnread = false;
+    setRawText(std::move(loaded.text));
+    m_loadedBody = body(m_viewedYear);
+    if (m_loadedBody.isEmpty()) return;
+    m_draft = m_loadedBody + QLatin1String("\n\n") + m_draft;
+    call(m_view.renderEntry);
+}
+
 void WritingSession::noteSaved(const diary::SectionSave& save,
                                const diary::dayfile::Rewritten& written) {
-    m_rawText = written.text;
+    setRawText(written.text);
+    m_isRawTextStale = false;
     m_loadedModificationDate = written.stamp;
     m_lastWritten = save.written;
     m_writtenBody = body(m_viewedYear);
@@ -224,6 +264,7 @@ void WritingSession::noteFailed(const FileError& error) {
 
 // Saves the draft before another takes its place, or else keeps it. False if neither can be done.
 bool WritingSession::leaveDraft() {
+    call(m_view.commitComposition);
     flushSaveIfDirty();
     if (!m_isDirty) return true;
     try {
@@ -232,6 +273,7 @@ bool WritingSession::leaveDraft() {
         tell(SessionNotice::CannotLeave);
         return false;
     }
+    m_isRawTextStale = true;
     setDirty(false);
     return true;
 }
@@ -243,6 +285,15 @@ void WritingSession::keepDraft() {
     tell(SessionNotice::KeptDraft);
 }
 
+void WritingSession::keepUnsavedDraft() {
+    if (!m_isDirty) return;
+    try {
+        keepDraft();
+    } catch (const FileError&) {
+        tell(SessionNotice::CannotLeave);
+    }
+}
+
 void WritingSession::close() {
     m_remoteRefreshTimer->stop();
     if (!leaveDraft()) flushSaveIfDirty();
@@ -252,7 +303,12 @@ void WritingSession::close() {
 void WritingSession::loadDay() {
     // The stamp comes first: a change between the two is then met by the next refresh.
     m_loadedModificationDate = m_store.modificationDate(m_monthDay);
-    m_rawText = m_store.loadText(m_monthDay);
+    diary::dayfile::Loaded loaded = m_store.load(m_monthDay);
+    m_isPageUnread = loaded.isUnreadable;
+    // Whether a file can be read may change without its stamp: every refresh looks again.
+    if (m_isPageUnread) m_loadedModificationDate.reset();
+    m_isRawTextStale = false;
+    setRawText(std::move(loaded.text));
     loadDraft();
 }
 
@@ -266,16 +322,13 @@ void WritingSession::loadDraft() {
 void WritingSession::resolveConflicts() {
     const QString marker =
         m_environment.conflictMarker ? m_environment.conflictMarker() : QString();
-    switch (m_store.resolveConflicts(m_monthDay, marker, m_environment.otherMarkers)) {
-        case diary::DiaryStore::Conflicts::None:
-            break;
-        case diary::DiaryStore::Conflicts::Merged:
-            tell(SessionNotice::MergedRemote);
-            break;
-        case diary::DiaryStore::Conflicts::MergedAndKept:
-            tell(SessionNotice::KeptMerge);
-            break;
-    }
+    const diary::DiaryStore::Conflicts result =
+        m_store.resolveConflicts(m_monthDay, marker, m_environment.otherMarkers);
+    if (result == diary::DiaryStore::Conflicts::None) return;
+    // A merge joins equal years, so a section like one of ours may be another's now.
+    m_lastWritten.reset();
+    tell(result == diary::DiaryStore::Conflicts::Merged ? SessionNotice::MergedRemote
+                                                        : SessionNotice::KeptMerge);
 }
 
 void WritingSession::scheduleRemoteRefresh() {
@@ -287,12 +340,27 @@ void WritingSession::performRemoteRefresh() {
     m_store.invalidateCaches();
     call(m_view.renderSidebar);
     resolveConflicts();
-    if (m_store.modificationDate(m_monthDay) != m_loadedModificationDate) reloadFromDisk();
+    if (m_store.modificationDate(m_monthDay) == m_loadedModificationDate) return;
+    if (m_view.isComposing && m_view.isComposing()) {
+        scheduleRemoteRefresh();  // Another text under a composition would take it away.
+    } else {
+        reloadFromDisk();
+    }
 }
 
 void WritingSession::reloadFromDisk() {
     if (m_isDirty) return;
-    loadDay();
+    const std::optional<diary::FileStamp> stamp = m_store.modificationDate(m_monthDay);
+    const diary::dayfile::Loaded loaded = m_store.load(m_monthDay);
+    if (loaded.isUnreadable) return;  // The page says more than a blank one; it stays.
+    if (diary::holdsDraft(m_draft, m_viewedYear, m_monthDay, loaded.text, m_lastWritten)) {
+        // Other years changed. What is in the editor stays as it was typed.
+        m_loadedModificationDate = stamp;
+        m_isPageUnread = false;
+        setRawText(loaded.text);
+    } else {
+        loadDay();
+    }
     call(m_view.renderTopBar);
     call(m_view.renderSidebar);
     call(m_view.renderEntry);
@@ -348,9 +416,10 @@ void WritingSession::offerKeptDraft() {
 void WritingSession::putBack(const diary::KeptText& kept) {
     const std::optional<QByteArray> bytes = diary::atomicfile::tryRead(kept.path);
     if (!bytes || !kept.year || !pickYear(*kept.year, Focus::Editor)) return;
-    const QString text = diary::utf8::decodedWithRepair(*bytes);
-    if (!YearSectionParser::holdsOnOwnLines(m_draft, diary::text::trimmed(text))) {
-        draftChanged(m_draft.isEmpty() ? text : m_draft + QLatin1String("\n\n") + text);
+    const QString text = diary::text::trimmed(diary::utf8::decodedWithRepair(*bytes)).toString();
+    const QString joined = withKeptText(m_draft, text);
+    if (joined != m_draft) {
+        draftChanged(joined);
         call(m_view.renderEntry);
         flushSaveIfDirty();
     }

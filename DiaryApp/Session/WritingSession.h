@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "DiaryApp/Session/OneShotTimer.h"
@@ -61,7 +62,7 @@ public:
     // The trimmed body of the year's first section in `rawText`, or an empty text.
     [[nodiscard]] QString body(int ofYear) const;
     // Newest year first.
-    [[nodiscard]] std::vector<PastEntry> pastEntries() const;
+    [[nodiscard]] const std::vector<PastEntry>& pastEntries() const;
 
     // Moves to a day, in the current year. The old day is saved first; if that fails, its draft is
     // kept outside the vault. If even that fails, the day isn't left, and this is false.
@@ -83,6 +84,8 @@ public:
     void flushSaveIfDirty();
     // The last flush. A draft that still can't be saved is kept.
     void close();
+    // Keeps a draft that couldn't be saved, without leaving it; for a window about to close.
+    void keepUnsavedDraft();
 
     // A change in the vault's folder; refreshes after 0.3 seconds without another.
     void scheduleRemoteRefresh();
@@ -105,6 +108,9 @@ public:
 private:
     [[nodiscard]] bool leaveDraft();
     void keepDraft();
+    void takeInUnreadPage();
+    void setRawText(QString text);
+    void noteKept(const diary::KeptText& kept, SessionNotice notice);
     void keepAbandonedDrafts();
     void rememberDraft();
     void loadDay();
@@ -131,14 +137,25 @@ private:
     bool m_isDirty = false;
     bool m_isImportWriting = false;
     bool m_didReportSaveError = false;
+    // The page was loaded blank from a file that couldn't be read.
+    bool m_isPageUnread = false;
+    // A save failed and its draft was left: the raw text is older than the file.
+    bool m_isRawTextStale = false;
     std::optional<diary::FileStamp> m_loadedModificationDate;
     // The viewed year's body as this stay found it, and as it last wrote it.
     QString m_loadedBody;
     std::optional<QString> m_writtenBody;
     // What the last save of this stay put behind the header.
     std::optional<QString> m_lastWritten;
-    // What a running save kept, told once it is done.
+    // What a running save kept, told once it is done, and once only.
     std::vector<SessionNotice> m_keptNotices;
+    std::set<QString> m_toldKept;
+    // Made when it is asked for, as of the raw text and the current year.
+    struct PastEntries {
+        int currentYear = 0;
+        std::vector<PastEntry> entries;
+    };
+    mutable std::optional<PastEntries> m_pastEntries;
     std::unique_ptr<OneShotTimer> m_saveTimer;
     std::unique_ptr<OneShotTimer> m_remoteRefreshTimer;
     std::unique_ptr<OneShotTimer> m_recoveryTimer;

@@ -64,10 +64,8 @@ Settings& Settings::shared() {
 }
 
 Settings::Settings(std::unique_ptr<QSettings> store, QString homeFolder,
-                   QProcessEnvironment environment)
-    : m_store(std::move(store)),
-      m_homeFolder(std::move(homeFolder)),
-      m_environment(std::move(environment)) {}
+                   const QProcessEnvironment& environment)
+    : m_store(std::move(store)), m_homeFolder(std::move(homeFolder)), m_environment(environment) {}
 
 std::optional<QString> Settings::vaultPath() const {
     return text(key::kVaultPath);

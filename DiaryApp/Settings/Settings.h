@@ -24,7 +24,8 @@ public:
     [[nodiscard]] static Settings& shared();
 
     // Another store, home folder and environment, for tests.
-    Settings(std::unique_ptr<QSettings> store, QString homeFolder, QProcessEnvironment environment);
+    Settings(std::unique_ptr<QSettings> store, QString homeFolder,
+             const QProcessEnvironment& environment);
 
     // Absent until a folder was chosen.
     [[nodiscard]] std::optional<QString> vaultPath() const;
@@ -50,7 +51,8 @@ public:
     // Newest first, at most five.
     [[nodiscard]] QStringList recentSearches() const;
 
-    // Place and size of the window of that name, as QWidget::saveGeometry() gave them; empty before.
+    // Place and size of the window of that name, as QWidget::saveGeometry() gave them.
+    // Empty if they were never set.
     [[nodiscard]] QByteArray windowFrame(QLatin1String name) const;
     void setWindowFrame(QLatin1String name, const QByteArray& frame);
 

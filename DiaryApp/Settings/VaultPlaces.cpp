@@ -18,7 +18,7 @@ std::optional<QString> VaultPlaces::devVaultURL() const {
 }
 
 QString VaultPlaces::defaultVaultURL() const {
-    const QString local = localVaultURL();
+    QString local = localVaultURL();
     if (hasDiaryFiles(local)) return local;
     return QDir(iCloudDriveRoot()).exists() ? iCloudVaultURL() : local;
 }

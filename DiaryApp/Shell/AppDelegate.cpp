@@ -27,21 +27,29 @@ void AppDelegate::start() {
     fonts::setLanguage(language);
     appearance::apply(m_settings);
     makeWindow();
-    m_main->show();
     const bool isScripted = debugscenario::isRequested(m_settings);
-    if (!isScripted || m_settings.environment(QStringLiteral("DIARY_ACTIVATE"))) {
-        m_main->window()->activateWindow();
-    }
+    const bool comesToFront =
+        !isScripted || m_settings.environment(QStringLiteral("DIARY_ACTIVATE"));
+    m_main->window()->setAttribute(Qt::WA_ShowWithoutActivating, !comesToFront);
+    m_main->show();
+    if (comesToFront) m_main->window()->activateWindow();
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, this,
                      &AppDelegate::applicationStateChanged);
+    // The desktop's session is about to end, and may still be kept from it by another application.
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+        m_main->session().flushSaveIfDirty();
+        m_main->session().keepUnsavedDraft();
+    });
     m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
                                                       [this] { m_main->calendarDayChanged(); });
-    m_signals = std::make_unique<UnixSignals>([this] { m_main->window()->close(); });
+    m_signals = std::make_unique<UnixSignals>([this] { terminate(); });
     removeAbandonedTemporaries();
     if (isScripted) {
         debugscenario::run(m_settings, *m_main, [this](int code) {
+            m_main->session().flushSaveIfDirty();
+            const bool isSaved = !m_main->session().isDirty();
             m_main->session().close();
-            QApplication::exit(code);
+            QApplication::exit(isSaved ? code : 1);
         });
     }
 }
@@ -50,6 +58,13 @@ void AppDelegate::makeWindow() {
     auto store = std::make_unique<diary::DiaryStore>(VaultPlaces(m_settings).vaultURL());
     m_main = std::make_unique<MainWindowController>(m_settings, std::move(store));
     m_main->onClosed = [] { QApplication::quit(); };
+}
+
+// Whoever sends the signal won't wait for an alert: what can't be saved is kept.
+void AppDelegate::terminate() {
+    m_main->session().close();
+    // Not quit(), which asks the window, and that would wait for its alert.
+    QApplication::exit(0);
 }
 
 void AppDelegate::applicationStateChanged(Qt::ApplicationState state) {

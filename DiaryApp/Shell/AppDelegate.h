@@ -27,6 +27,7 @@ public:
 
 private:
     void makeWindow();
+    void terminate();
     void applicationStateChanged(Qt::ApplicationState state);
     void removeAbandonedTemporaries() const;
 

@@ -2,6 +2,7 @@
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QMenuBar>
 
 #include "DiaryApp/Chrome/StatusBarView.h"
@@ -24,7 +25,16 @@ MainWindow::MainWindow(Settings& settings)
       m_statusBar(new StatusBarView(settings.homeFolder(), this)) {
     setMinimumSize(leastSize);
     setWindowIcon(QIcon::fromTheme(QStringLiteral("org.velmar.Velmar")));
+    addFocusKeys();
     restoreFrame();
+}
+
+// The text field keeps Tab for the text, so another key leads out of it.
+void MainWindow::addFocusKeys() {
+    const auto* next = new QShortcut(QKeySequence(Qt::Key_F6), this);
+    connect(next, &QShortcut::activated, this, [this] { focusNextPrevChild(true); });
+    const auto* previous = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
+    connect(previous, &QShortcut::activated, this, [this] { focusNextPrevChild(false); });
 }
 
 void MainWindow::setMenuBar(QMenuBar* bar) {

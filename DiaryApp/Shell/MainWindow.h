@@ -40,6 +40,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void addFocusKeys();
     void restoreFrame();
     void place();
 

@@ -1,5 +1,9 @@
 #include "DiaryApp/Shell/MainWindowController.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextLayout>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 
@@ -51,6 +55,10 @@ MainWindowController::MainWindowController(Settings& settings,
 
 MainWindowController::~MainWindowController() {
     m_observer->stop();
+    // The window outlives the session by a moment, and may still have something to tell.
+    m_window->entryView()->onDraftChanged = {};
+    m_window->onClosing = {};
+    m_window->onClosed = {};
 }
 
 SessionView MainWindowController::sessionView() {
@@ -62,10 +70,12 @@ SessionView MainWindowController::sessionView() {
     view.focusEditor = [this] { m_window->entryView()->focusEditor(); };
     view.setEdited = [this](bool isEdited) { m_window->setWindowModified(isEdited); };
     view.setEditable = [this](bool isOn) { m_window->entryView()->setEditable(isOn); };
+    view.commitComposition = [this] { commitComposition(); };
+    view.isComposing = [this] { return isComposing(); };
     view.flash = [this](SessionNotice notice) { flash(notice); };
     view.showSaveError = [this](const diary::FileError& error) { showSaveError(error); };
     view.offerKeptDraft = [this](const diary::KeptText& kept) { offerKeptDraft(kept); };
-    view.withdrawKeptDraft = [this] { m_window->statusBar()->unpin(); };
+    view.withdrawKeptDraft = [this] { withdrawKeptDraft(); };
     return view;
 }
 
@@ -214,16 +224,34 @@ void MainWindowController::showSaveError(const diary::FileError& error) {
 }
 
 void MainWindowController::offerKeptDraft(const diary::KeptText& kept) {
+    m_isOfferPinned = true;
     m_window->statusBar()->pin(
         notices::keptDraftOffer(m_session->currentMonthDay().headerTitle(), kept.year),
         notices::putBack(), [this, kept] { m_session->putBack(kept); });
 }
 
+// The bar may hold another notice by then, which isn't this one's to take down.
+void MainWindowController::withdrawKeptDraft() {
+    if (std::exchange(m_isOfferPinned, false)) m_window->statusBar()->unpin();
+}
+
 // A failed save can't keep the window open, but its first alert is read before it closes.
 bool MainWindowController::mayClose() {
+    commitComposition();
     m_session->flushSaveIfDirty();
     m_closesAfterAlert = m_isAlerting;
+    // Whoever ends the session may not wait for the alert.
+    if (m_isAlerting) m_session->keepUnsavedDraft();
     return !m_isAlerting;
+}
+
+void MainWindowController::commitComposition() const {
+    if (isComposing()) QGuiApplication::inputMethod()->commit();
+}
+
+bool MainWindowController::isComposing() const {
+    const QTextCursor caret = m_window->entryView()->editor()->textCursor();
+    return !caret.block().layout()->preeditAreaText().isEmpty();
 }
 
 void MainWindowController::closeWindow() {

@@ -47,6 +47,9 @@ private:
     void flash(SessionNotice notice);
     void showSaveError(const diary::FileError& error);
     void offerKeptDraft(const diary::KeptText& kept);
+    void withdrawKeptDraft();
+    void commitComposition() const;
+    [[nodiscard]] bool isComposing() const;
     void closeWindow();
     [[nodiscard]] bool mayClose();
 
@@ -58,6 +61,7 @@ private:
     // An alert about a failed save is open; closing waits for it.
     bool m_isAlerting = false;
     bool m_closesAfterAlert = false;
+    bool m_isOfferPinned = false;
 };
 
 }  // namespace velmar

@@ -226,11 +226,9 @@ void makeFolders(QByteArray path, mode_t mode) {
 
 }  // namespace
 
-FileStamp write(const QString& path, QByteArrayView bytes, Durability durability,
-                NewMode newMode) {
-    return reporting(FileOperation::Write, path, [&] {
-        return replace(QFile::encodeName(path), bytes, durability, newMode);
-    });
+FileStamp write(const QString& path, QByteArrayView bytes, Durability durability, NewMode newMode) {
+    return reporting(FileOperation::Write, path,
+                     [&] { return replace(QFile::encodeName(path), bytes, durability, newMode); });
 }
 
 QByteArray read(const QString& path) {

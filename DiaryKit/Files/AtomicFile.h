@@ -30,9 +30,9 @@ enum class NewMode {
 // renamed over, the folder synced. Keeps the mode (and owner, where this user may set it) of the
 // file it replaces; follows symbolic links to their target, which may not exist yet. On failure the
 // old file stands and no temporary is left; only if the very last step fails, syncing the folder,
-// the new bytes stand, though the disk may not hold them yet. Gives the stamp of what it wrote, also
-// if another writer has replaced that by now. Throws FileError (Write), with EISDIR or EINVAL where
-// a folder, a pipe or a device stands in the file's place. Blocks; any thread.
+// the new bytes stand, though the disk may not hold them yet. Gives the stamp of what it wrote,
+// also if another writer has replaced that by now. Throws FileError (Write), with EISDIR or EINVAL
+// where a folder, a pipe or a device stands in the file's place. Blocks; any thread.
 FileStamp write(const QString& path, QByteArrayView bytes,
                 Durability durability = Durability::Synced, NewMode newMode = NewMode::ByMask);
 

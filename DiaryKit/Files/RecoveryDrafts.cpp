@@ -1,6 +1,7 @@
 #include "DiaryKit/Files/RecoveryDrafts.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QRegularExpression>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/FileError.h"
@@ -10,18 +11,14 @@ namespace diary {
 
 namespace {
 
-// "03-07 2026.md"
-constexpr qsizetype kDayLength = 5;
-const QLatin1String kSuffix(".md");
-
 std::optional<RecoveredDraft> readDraft(const QString& folder, const QString& name) {
-    if (!name.endsWith(kSuffix)) return std::nullopt;
-    bool isNumber = false;
-    const int year = name.chopped(kSuffix.size()).sliced(kDayLength).toInt(&isNumber);
+    static const QRegularExpression form(QStringLiteral("^(\\d\\d-\\d\\d) (\\d{1,5})\\.md$"));
+    const QRegularExpressionMatch match = form.match(name);
+    if (!match.hasMatch()) return std::nullopt;
     const auto bytes = atomicfile::tryRead(folder + u'/' + name);
-    if (!isNumber || !bytes) return std::nullopt;
-    return RecoveredDraft{name.first(kDayLength), year, utf8::decodedWithRepair(*bytes),
-                          folder + u'/' + name};
+    if (!bytes) return std::nullopt;
+    return RecoveredDraft{match.captured(1), match.captured(2).toInt(),
+                          utf8::decodedWithRepair(*bytes), folder + u'/' + name};
 }
 
 }  // namespace
@@ -32,7 +29,8 @@ RecoveryDrafts::RecoveryDrafts(QString folder, const ProcessIdentity& owner)
 
 void RecoveryDrafts::remember(const QString& day, int year, const QString& text) {
     if (m_folder.isEmpty()) return;
-    const QString path = m_ownFolder + u'/' + day + u' ' + QString::number(year) + kSuffix;
+    const QString path =
+        m_ownFolder + u'/' + day + u' ' + QString::number(year) + QLatin1String(".md");
     try {
         atomicfile::makePrivateFolder(m_ownFolder);
         atomicfile::write(path, text.toUtf8(), atomicfile::Durability::Unsynced,

@@ -1,5 +1,6 @@
 #include "DiaryKit/Files/VaultObserver.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
@@ -65,7 +66,8 @@ public:
         : m_vault(QFile::encodeName(QDir::cleanPath(QDir(directory).absolutePath()))),
           m_onChange(std::move(onChange)),
           m_queue(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)),
-          m_wakeUp(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
+          m_wakeUp(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
+          m_mounts(::open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)) {
         if (isUsable()) (void)renewWatches();
     }
 
@@ -101,12 +103,16 @@ public:
 
 private:
     void listen() {
-        std::array<pollfd, 2> sources = {pollfd{m_queue.number(), POLLIN, 0},
-                                         pollfd{m_wakeUp.number(), POLLIN, 0}};
+        // A disk that is mounted over a folder is no change of the folder; the table of mounts
+        // tells of it by an exceptional condition.
+        std::array<pollfd, 3> sources = {pollfd{m_queue.number(), POLLIN, 0},
+                                         pollfd{m_wakeUp.number(), POLLIN, 0},
+                                         pollfd{m_mounts.number(), POLLPRI, 0}};
         while (!m_isStopped) {
             if (::poll(sources.data(), sources.size(), -1) < 0 && errno != EINTR) return;
             if (m_isStopped) return;
             Batch batch = readBatch();
+            if (sources[2].revents != 0) batch.concernsFolders = true;
             if (batch.concernsFolders && renewWatches()) batch.concernsVault = true;
             if (batch.concernsVault && !m_isStopped) m_onChange();
         }
@@ -202,6 +208,7 @@ private:
     std::function<void()> m_onChange;
     Descriptor m_queue;
     Descriptor m_wakeUp;
+    Descriptor m_mounts;
     std::map<int, Role> m_roles;
     std::atomic<bool> m_isStopped = false;
     // The thread may be told to stop by its own call before it is even stored.

@@ -69,7 +69,7 @@ MarkdownChange wrapCaret(QStringView marker, QStringView text, TextRange selecti
         return MarkdownChange::replace({caret - width, 2 * width}, QString(), {caret - width, 0});
     }
     if (canLeap(marker, text, caret)) return MarkdownChange::select({caret + width, 0});
-    return MarkdownChange::replace(selection, marker % marker, {caret + width, 0});
+    return MarkdownChange::replace(selection, marker.toString().repeated(2), {caret + width, 0});
 }
 
 bool hasWhiteSpace(QStringView text) {

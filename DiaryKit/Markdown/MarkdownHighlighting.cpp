@@ -2,6 +2,7 @@
 
 #include <unicode/uchar.h>
 
+#include <QtCore/QList>
 #include <QtCore/QVarLengthArray>
 #include <algorithm>
 
@@ -69,11 +70,11 @@ bool touches(const Ranges& fenced, TextRange match) {
 // Calls `visit(line)` for each line of the paragraph; a CR, U+0085, U+2028 and U+2029 end one too.
 template <typename Visit>
 void forEachLine(QStringView paragraph, Visit visit) {
-    std::optional<qsizetype> start = 0;
-    while (start) {
-        const TextRange line = markdownLineRange(paragraph, *start);
+    constexpr qsizetype kNone = -1;
+    for (qsizetype start = 0; start != kNone;) {
+        const TextRange line = markdownLineRange(paragraph, start);
         visit(line);
-        start = markdownNextLine(paragraph, line);
+        start = markdownNextLine(paragraph, line).value_or(kNone);
     }
 }
 

@@ -1,4 +1,5 @@
 // A text in one line, for previews.
+#include <QtCore/QList>
 #include <QtCore/QStringBuilder>
 
 #include "DiaryKit/Markdown/MarkdownEditing.h"

@@ -86,7 +86,7 @@ std::optional<QString> markdownMarker(QStringView typed, QStringView space) {
     while (spaces < typed.size() && typed[spaces] == u' ') ++spaces;
     const QStringView body = typed.sliced(spaces);
     if (body.isEmpty()) return std::nullopt;
-    const auto marker = meantMarker(body, QString(spaces, u' '));
+    std::optional<QString> marker = meantMarker(body, QString(spaces, u' '));
     // A marker that is typed already needs no step of its own to undo.
     if (!marker || *marker == typed % space) return std::nullopt;
     return marker;

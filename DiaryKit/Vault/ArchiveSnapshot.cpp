@@ -60,7 +60,7 @@ void add(ArchiveScan& scan, YearFlags& seen, const MonthDay& day, ScannedDay sca
         overview.earliestYear =
             std::min(overview.earliestYear.value_or(*years.begin()), *years.begin());
     }
-    if (scanned.fresh) scan.fresh.insert(day, std::move(*scanned.fresh));
+    if (scanned.fresh) scan.fresh.emplace(day, std::move(*scanned.fresh));
 }
 
 }  // namespace

@@ -95,6 +95,17 @@ std::optional<QString> existingText(const QString& root, const MonthDay& monthDa
     return text;
 }
 
+Loaded load(const QString& root, const MonthDay& monthDay) {
+    std::optional<Content> content;
+    try {
+        FileCoordinator(root).coordinateReading(
+            [&] { content = existingContent(path(root, monthDay)); });
+    } catch (const FileError&) {
+        return {blankTemplate(monthDay), true};
+    }
+    return {content ? std::move(content->text) : blankTemplate(monthDay), false};
+}
+
 void modifyingFile(
     const QString& root, const MonthDay& monthDay,
     const std::function<void(const QString& path, const std::optional<QString>& text)>& body) {

@@ -36,6 +36,19 @@ struct Content {
 // be read. A coordinated read: blocks while another writes.
 [[nodiscard]] std::optional<QString> existingText(const QString& root, const MonthDay& monthDay);
 
+// What a page is loaded from.
+struct Loaded {
+    // The file's text, repaired where it isn't valid UTF-8; the blank template without one.
+    QString text;
+    // The file may hold more than `text` tells: it is there and can't be read.
+    bool isUnreadable = false;
+
+    bool operator==(const Loaded&) const = default;
+};
+
+// Reads the file for a page; never throws. Blocks while another writes.
+[[nodiscard]] Loaded load(const QString& root, const MonthDay& monthDay);
+
 // Reads the file and runs `body` with its path and its text, absent if there is no file, under one
 // exclusive coordination; `body` does the writing. The vault folder is made first. A file that
 // isn't valid UTF-8 throws FileError (Decode, EILSEQ), one that can't be read FileError (Read),

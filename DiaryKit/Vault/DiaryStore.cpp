@@ -1,9 +1,13 @@
 #include "DiaryKit/Vault/DiaryStore.h"
 
+#include <sys/stat.h>
+
 #include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QStringList>
 #include <algorithm>
+#include <cerrno>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/Background.h"
@@ -18,6 +22,17 @@ namespace {
 
 QString defaultRoot() {
     return QDir::homePath() + QLatin1String("/Documents/Diary");
+}
+
+// The device that the path lies on, or would lie on if it were made.
+std::optional<std::uint64_t> deviceOf(QString path) {
+    struct stat status {};
+    while (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+        const QString parent = QFileInfo(path).path();
+        if (errno != ENOENT || parent == path) return std::nullopt;
+        path = parent;
+    }
+    return status.st_dev;
 }
 
 // A name that only might be a copy is one if it holds at least one year.
@@ -57,6 +72,7 @@ bool markResolved(const ConflictVersions& versions, const ConflictVersion& versi
 DiaryStore::DiaryStore(const QString& rootURL, DownloadService downloads, const Clock& clock,
                        std::optional<KeptTexts> keptTexts)
     : m_root(rootURL.isEmpty() ? defaultRoot() : rootURL),
+      m_device(deviceOf(m_root)),
       m_downloads(std::move(downloads)),
       m_clock(clock),
       m_kept(keptTexts ? std::move(*keptTexts) : KeptTexts(m_root)) {}
@@ -66,9 +82,25 @@ QString DiaryStore::fileURL(const MonthDay& day) const {
 }
 
 QString DiaryStore::loadText(const MonthDay& day) const {
+    return load(day).text;
+}
+
+dayfile::Loaded DiaryStore::load(const MonthDay& day) const {
+    if (isDiskGone()) return {dayfile::blankTemplate(day), true};
     const std::optional<DownloadState> state = m_downloads.state(fileURL(day));
     if (state && *state != DownloadState::Current) m_downloads.startDownloading(fileURL(day));
-    return dayfile::existingText(m_root, day).value_or(dayfile::blankTemplate(day));
+    return dayfile::load(m_root, day);
+}
+
+// An empty mount point lies on another device. A disk that came back may do so too, but it holds
+// day files, and then it is the vault.
+bool DiaryStore::isDiskGone() const {
+    if (!m_device) return false;
+    const std::optional<std::uint64_t> device = deviceOf(m_root);
+    if (device == m_device) return false;
+    if (!device || dayfile::dayFiles(m_root).empty()) return true;
+    m_device = device;
+    return false;
 }
 
 void DiaryStore::save(const QString& text, const MonthDay& day) {
@@ -78,15 +110,16 @@ void DiaryStore::save(const QString& text, const MonthDay& day) {
 dayfile::Rewritten DiaryStore::rewrite(
     const MonthDay& day,
     const std::function<QString(const std::optional<dayfile::Content>&)>& change) {
+    if (isDiskGone()) throw FileError(FileOperation::Write, fileURL(day), ENODEV);
     dayfile::Rewritten written = dayfile::rewrite(m_root, day, change);
-    if (written.stamp) noteWritten(day, written);
+    if (written.stamp) noteWritten(day, *written.stamp, written.text);
     return written;
 }
 
-void DiaryStore::noteWritten(const MonthDay& day, const dayfile::Rewritten& written) {
+void DiaryStore::noteWritten(const MonthDay& day, const FileStamp& stamp, QStringView text) {
     if (m_knownFiles) m_knownFiles->insert(day);
     m_awaitingDownload.erase(day);
-    m_yearCache[day] = {*written.stamp, YearSectionParser::yearsWithContent(written.text)};
+    m_yearCache[day] = {stamp, YearSectionParser::yearsWithContent(text)};
 }
 
 std::optional<FileStamp> DiaryStore::modificationDate(const MonthDay& day) const {
@@ -116,7 +149,7 @@ DiaryStore::Conflicts DiaryStore::resolveConflicts(
             m_kept.keep(day.headerTitle(), std::nullopt, KeptReason::Undecodable, existing->bytes,
                         m_clock.now());
         }
-        merged = before;
+        merged = withMarker(before, conflictMarker, others);
         for (const ConflictVersion& version : unresolved) {
             const auto bytes = atomicfile::tryRead(version.path);
             if (!bytes) continue;
@@ -170,7 +203,7 @@ std::set<int> DiaryStore::yearsWithContent(const MonthDay& day) {
     }
     m_awaitingDownload.erase(day);
     if (!scanned.fresh) return {};
-    return m_yearCache.insert(day, std::move(*scanned.fresh))->years;
+    return m_yearCache.emplace(day, std::move(*scanned.fresh))->years;
 }
 
 QHash<MonthDay, int> DiaryStore::contentYearCounts() {

@@ -30,8 +30,8 @@ public:
         MergedAndKept,
     };
 
-    // Touches no file. Without a root the vault is Documents/Diary in the user's home; without a
-    // place for kept texts it is the user's state folder.
+    // Reads and changes no file. Without a root the vault is Documents/Diary in the user's home;
+    // without a place for kept texts it is the user's state folder.
     explicit DiaryStore(const QString& rootURL = {}, DownloadService downloads = {},
                         const Clock& clock = Clock::system(),
                         std::optional<KeptTexts> keptTexts = {});
@@ -44,12 +44,18 @@ public:
     // or it can't be read. Asks for the download of a file that isn't current, and doesn't wait.
     [[nodiscard]] QString loadText(const MonthDay& day) const;
 
+    // The same, telling a file that isn't there from one that can't be read. A vault whose disk is
+    // gone can't be read.
+    [[nodiscard]] dayfile::Loaded load(const MonthDay& day) const;
+
     // Replaces the file, atomically and synced. An effectively empty text makes no file where there
     // is none. Throws FileError; the old file stands then.
     void save(const QString& text, const MonthDay& day);
 
     // Reads, changes and writes the file under one exclusive coordination (dayfile::rewrite), and
-    // keeps the caches in step. Throws what that throws.
+    // keeps the caches in step. Throws what that throws, and FileError (Write, ENODEV) while the
+    // disk that the vault lies on is not there: what lies in its place, an
+    // empty mount point for instance, is not the vault.
     dayfile::Rewritten rewrite(
         const MonthDay& day,
         const std::function<QString(const std::optional<dayfile::Content>&)>& change);
@@ -96,11 +102,14 @@ public:
     [[nodiscard]] std::optional<YearCacheEntry> cachedYears(const MonthDay& day) const;
 
 private:
+    [[nodiscard]] bool isDiskGone() const;
     const std::set<MonthDay>& knownFiles();
     std::set<int> yearsWithContent(const MonthDay& day);
-    void noteWritten(const MonthDay& day, const dayfile::Rewritten& written);
+    void noteWritten(const MonthDay& day, const FileStamp& stamp, QStringView text);
 
     QString m_root;
+    // The device of the vault, or of the folder that it would be made in.
+    mutable std::optional<std::uint64_t> m_device;
     DownloadService m_downloads;
     const Clock& m_clock;
     KeptTexts m_kept;

@@ -1,6 +1,7 @@
 #include "DiaryKit/Vault/SectionSave.h"
 
 #include <algorithm>
+#include <map>
 
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Vault/YearSectionParser.h"
@@ -55,6 +56,15 @@ bool standsUnderYear(const QString& text, int year, const QString& written) {
     return text::withoutLeadingNewlines(behind).startsWith(written);
 }
 
+// Years and bodies that hold anything, each with the number of times that it stands there.
+std::map<std::pair<int, QString>, int> countedBodies(QStringView text) {
+    std::map<std::pair<int, QString>, int> counts;
+    for (YearBody& one : YearSectionParser::sectionBodies(text)) {
+        if (!one.body.isEmpty()) ++counts[{one.year, std::move(one.body)}];
+    }
+    return counts;
+}
+
 }  // namespace
 
 std::optional<SectionSave> savingDraft(QStringView draft, int year, const MonthDay& monthDay,
@@ -72,6 +82,12 @@ std::optional<SectionSave> savingDraft(QStringView draft, int year, const MonthD
     save.text = YearSectionParser::replacingBody(save.written, year, monthDay, withoutEnd);
     if (standsUnderYear(save.text, year, save.written)) return save;
     return std::nullopt;
+}
+
+bool holdsDraft(QStringView draft, int year, const MonthDay& monthDay, QStringView latest,
+                const std::optional<QString>& lastWritten) {
+    const std::optional<SectionSave> save = savingDraft(draft, year, monthDay, latest, lastWritten);
+    return save && countedBodies(save->text) == countedBodies(latest);
 }
 
 }  // namespace diary

@@ -37,4 +37,10 @@ struct SectionSave {
                                                      const MonthDay& monthDay, QStringView latest,
                                                      const std::optional<QString>& lastWritten);
 
+// Whether the file `latest` holds the draft as a save in this stay would write it: a draft that is
+// still in the editor then needs no reload, which would drop its trailing blanks and the years
+// typed into it.
+[[nodiscard]] bool holdsDraft(QStringView draft, int year, const MonthDay& monthDay,
+                              QStringView latest, const std::optional<QString>& lastWritten);
+
 }  // namespace diary

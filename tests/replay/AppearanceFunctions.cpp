@@ -11,7 +11,9 @@ namespace diary::replay {
 
 namespace {
 
-double rounded(double value) { return std::round(value * 1e6) / 1e6; }
+double rounded(double value) {
+    return std::round(value * 1e6) / 1e6;
+}
 
 double number(const QJsonObject& in, const char* key, double absent = 0) {
     return in[QLatin1String(key)].toDouble(absent);
@@ -25,7 +27,9 @@ QJsonArray json(const SRGB& color) {
     return {rounded(color.r), rounded(color.g), rounded(color.b)};
 }
 
-QJsonArray json(const PaletteTint& tint) { return {tint.c, tint.h}; }
+QJsonArray json(const PaletteTint& tint) {
+    return {tint.c, tint.h};
+}
 
 QJsonObject json(const PaletteValue& value) {
     QJsonObject out{{QStringLiteral("srgb"), json(palette::srgb(value))}};
@@ -74,8 +78,7 @@ QJsonValue tokensOf(const QJsonObject& in) {
 QJsonValue modePalette(const QJsonObject& in) {
     const auto mode = appearance_mode::parse(in[QLatin1String("mode")].toString());
     return palette::rawValue(appearance_mode::palette(mode.value_or(AppearanceMode::light),
-                                                      paletteOf(in, "light"),
-                                                      paletteOf(in, "dark"),
+                                                      paletteOf(in, "light"), paletteOf(in, "dark"),
                                                       in[QLatin1String("systemIsDark")].toBool()));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <optional>
 
 #include "DiaryKit/Markdown/MarkdownChange.h"
 
@@ -21,6 +22,11 @@ inline TextWithSelection applied(const MarkdownChange& change, QStringView text)
         result.selection = step.selection;
     }
     return result;
+}
+
+// Without a change the text stays and nothing is selected.
+inline TextWithSelection applied(const std::optional<MarkdownChange>& change, QStringView text) {
+    return applied(change.value_or(MarkdownChange{}), text);
 }
 
 }  // namespace diary

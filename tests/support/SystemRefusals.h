@@ -12,10 +12,15 @@ namespace diary::test {
 
 inline constexpr uid_t kNobody = 65534;
 
+// From here on this process has a table of mounts of its own. False without the right to it.
+inline bool leaveMountsOfOthersAlone() {
+    return ::unshare(CLONE_NEWNS) == 0 &&
+           ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
 // A file system of 64 KiB over the folder. False without the right to mount.
 inline bool mountSmallDisk(const QByteArray& folder) {
-    return ::unshare(CLONE_NEWNS) == 0 &&
-           ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+    return leaveMountsOfOthersAlone() &&
            ::mount("tmpfs", folder.constData(), "tmpfs", 0, "size=64k") == 0;
 }
 

@@ -3,6 +3,7 @@
 // and inks of the picture are the theme's.
 #include <gtest/gtest.h>
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>

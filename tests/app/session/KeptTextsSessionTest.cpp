@@ -100,6 +100,51 @@ TEST_F(KeptBySession, ADraftIsOfferedWhenItsDayOpensAgainAndPutBack) {
     EXPECT_FALSE(told.offered);
 }
 
+TEST_F(KeptBySession, ALaterStateOfTheFilesTextIsPutBackInItsPlace) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nMorning walk.\n");
+    store.keptTexts().keep(today.headerTitle(), 2026, diary::KeptReason::UnsavedDraft,
+                           "Morning walk. And then the rain.\n", clock.now());
+    session->open(today, Focus::Editor);
+    ASSERT_TRUE(told.offered);
+    session->putBack(diary::KeptText(*told.offered));
+    EXPECT_EQ(onDisk(2026), u"Morning walk. And then the rain.");
+}
+
+TEST_F(KeptBySession, AnEarlierStateOfTheFilesTextChangesNothing) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nMorning walk. And then rain.\n");
+    store.keptTexts().keep(today.headerTitle(), 2026, diary::KeptReason::UnsavedDraft,
+                           "Morning walk.", clock.now());
+    session->open(today, Focus::Editor);
+    ASSERT_TRUE(told.offered);
+    session->putBack(diary::KeptText(*told.offered));
+    EXPECT_EQ(onDisk(2026), u"Morning walk. And then rain.");
+    EXPECT_FALSE(told.offered);
+}
+
+TEST_F(KeptBySession, IsSaidOnceHoweverOftenTheSameTextComesBack) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbefore\n");
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("mine"));
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\ntheirs\n");
+    session->flushSaveIfDirty();
+    session->draftChanged(QStringLiteral("mine as well"));
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\ntheirs\n");
+    session->flushSaveIfDirty();
+    EXPECT_EQ(std::count(told.notices.begin(), told.notices.end(), SessionNotice::KeptOverwritten),
+              1);
+}
+
+TEST_F(KeptBySession, ADraftIsKeptBeforeTheWindowWaitsForItsAlert) {
+    blockFile(today);
+    session->draftChanged(QStringLiteral("precious"));
+    session->flushSaveIfDirty();
+    session->keepUnsavedDraft();
+    EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
+    EXPECT_TRUE(session->isDirty());
+    session->close();
+    EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
+}
+
 TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept) {
     diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
     WritingSession::Environment environment;

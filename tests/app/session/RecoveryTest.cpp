@@ -80,6 +80,19 @@ TEST_F(Recovery, OffersNothingThatWasSavedAfterAll) {
     EXPECT_THAT(remembered(), IsEmpty());
 }
 
+TEST_F(Recovery, PassesOverForeignFiles) {
+    diary::RecoveryDrafts(recovery.path(), deadProcess())
+        .remember(QStringLiteral("11-21"), 2026, QStringLiteral("cut off"));
+    const auto filter = QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot;
+    const QString own = recovery.filePath(QDir(recovery.path()).entryList(filter).constFirst());
+    for (const char* name : {"x.md", "11-21.md", "11-21 .md", "11-21 2026.md.bak", "a"}) {
+        QFile foreign(own + u'/' + QLatin1String(name));
+        ASSERT_TRUE(foreign.open(QIODevice::WriteOnly));
+    }
+    session = makeSession();
+    EXPECT_THAT(kept(diary::KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("cut off")));
+}
+
 TEST_F(Recovery, LeavesTheDraftOfALivingProcessAlone) {
     typeOn(QStringLiteral("still typing"));
     const auto second = makeSession();

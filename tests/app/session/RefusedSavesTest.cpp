@@ -76,6 +76,33 @@ TEST_F(RefusedSaves, ByAnothersFolder) {
     EXPECT_EQ(onDisk(2026), u"begun");
 }
 
+TEST_F(RefusedSaves, ByADiskThatIsNotThere) {
+    const std::string words = diary::test::wordsOfFork([&]() -> std::string {
+        const QByteArray folder = QFile::encodeName(vault.path());
+        if (!diary::test::mountSmallDisk(folder)) return "no mount";
+        diary::DiaryStore mounted(vault.path(), {}, clock);
+        WritingSession::Environment environment;
+        environment.clock = &clock;
+        environment.makeTimer = timers.maker();
+        session = std::make_unique<WritingSession>(mounted, view(), environment);
+        vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbegun\n");
+        session->open(today, Focus::Editor);
+        if (::umount(folder.constData()) != 0) return "no unmount";
+        session->performRemoteRefresh();
+        if (session->draft() != u"begun") return "the page went blank";
+        std::string refused = refusedTwice(QStringLiteral("begun, and more"));
+        if (!refused.empty()) return refused;
+        if (vault.exists(QStringLiteral("11-21.md"))) return "written below the mount point";
+        if (!diary::test::mountSmallDisk(folder)) return "no second mount";
+        vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbegun\n");
+        std::string saved = savedAfterAll();
+        session.reset();
+        return saved;
+    });
+    if (words == "no mount") GTEST_SKIP() << "this system lets nobody mount here";
+    EXPECT_EQ(words, "");
+}
+
 TEST_F(RefusedSaves, ByAFileWhereTheFolderWas) {
     session->open(today, Focus::Editor);
     QDir(vault.path()).removeRecursively();

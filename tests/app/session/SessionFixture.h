@@ -24,6 +24,8 @@ struct Told {
     int highlightsCleared = 0;
     bool isEdited = false;
     bool isEditable = true;
+    bool isComposing = false;
+    std::function<void()> onCommitComposition;
     std::optional<diary::KeptText> offered;
 };
 
@@ -61,6 +63,10 @@ protected:
         callbacks.clearSearchHighlights = [this] { ++told.highlightsCleared; };
         callbacks.setEdited = [this](bool isEdited) { told.isEdited = isEdited; };
         callbacks.setEditable = [this](bool isEditable) { told.isEditable = isEditable; };
+        callbacks.commitComposition = [this] {
+            if (told.onCommitComposition) std::exchange(told.onCommitComposition, {})();
+        };
+        callbacks.isComposing = [this] { return told.isComposing; };
         callbacks.flash = [this](SessionNotice notice) { told.notices.push_back(notice); };
         callbacks.showSaveError = [this](const diary::FileError&) { ++told.saveErrors; };
         callbacks.offerKeptDraft = [this](const diary::KeptText& kept) { told.offered = kept; };

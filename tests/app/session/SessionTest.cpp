@@ -95,6 +95,19 @@ TEST_F(Session, TakesARemoteChangeThatIsDatedEarlier) {
     EXPECT_EQ(session->draft(), u"from an older backup");
 }
 
+TEST_F(Session, WaitsWithARemoteChangeUntilACompositionEnds) {
+    session->open(today, Focus::Editor);
+    told.isComposing = true;
+    writeRemotely(2026, u"theirs");
+    session->performRemoteRefresh();
+    EXPECT_EQ(session->draft(), QString());
+    timers.advance(2s);
+    EXPECT_EQ(session->draft(), QString());
+    told.isComposing = false;
+    timers.advance(300ms);
+    EXPECT_EQ(session->draft(), u"theirs");
+}
+
 TEST_F(Session, DoesNotReloadForItsOwnWrite) {
     session->open(today, Focus::Editor);
     session->draftChanged(QStringLiteral("words "));
@@ -145,6 +158,73 @@ TEST_F(Session, NeverWritesATemplateOverAFileThatItCouldNotRead) {
     session->flushSaveIfDirty();
     EXPECT_TRUE(QDir(store.fileURL(today)).exists(QStringLiteral("in the way")));
     EXPECT_TRUE(session->isDirty());
+}
+
+TEST_F(Session, JoinsWhatWasWrittenOnAPageThatCouldNotBeRead) {
+    blockFile(today);
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("evening"));
+    unblockFile(today);
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nold\n\n## 2026\n\nmorning\n");
+    session->flushSaveIfDirty();
+    EXPECT_EQ(onDisk(2026), u"morning\n\nevening");
+    EXPECT_EQ(onDisk(2020), u"old");
+    EXPECT_EQ(session->draft(), u"morning\n\nevening");
+}
+
+TEST_F(Session, ReadsAPageAtTheNextRefreshThatCouldNotBeReadAtFirst) {
+    blockFile(today);
+    session->open(today, Focus::Editor);
+    unblockFile(today);
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nmorning\n");
+    session->performRemoteRefresh();
+    EXPECT_EQ(session->draft(), u"morning");
+}
+
+TEST_F(Session, LeavesAPageAloneWhoseFileCanNoLongerBeRead) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nmorning\n");
+    session->open(today, Focus::Editor);
+    blockFile(today);
+    session->performRemoteRefresh();
+    EXPECT_EQ(session->draft(), u"morning");
+}
+
+TEST_F(Session, KeepsWhatIsInTheEditorWhenOnlyOtherYearsChange) {
+    session->open(today, Focus::Editor);
+    const QString typed = QStringLiteral("Morning.\n## 2024\nbar\n\n");
+    session->draftChanged(typed);
+    session->flushSaveIfDirty();
+    writeRemotely(2020, u"theirs");
+    session->performRemoteRefresh();
+    EXPECT_EQ(session->draft(), typed);
+    EXPECT_EQ(session->body(2020), u"theirs");
+    session->draftChanged(typed + QStringLiteral("More."));
+    session->flushSaveIfDirty();
+    EXPECT_EQ(file().count(QLatin1String("bar")), 1);
+    EXPECT_EQ(onDisk(2020), u"theirs");
+}
+
+TEST_F(Session, TakesACompositionInBeforeTheDayIsLeft) {
+    session->open(today, Focus::Editor);
+    told.onCommitComposition = [this] { session->draftChanged(QStringLiteral("composed")); };
+    session->open(MonthDay{3, 7}, Focus::Editor);
+    EXPECT_EQ(onDisk(2026), u"composed");
+}
+
+TEST_F(Session, ShowsAYearAsItIsOnDiskAfterASaveThatFailed) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nbefore\n");
+    session->open(today, Focus::Editor);
+    blockFile(today);
+    session->draftChanged(QStringLiteral("a"));
+    session->flushSaveIfDirty();
+    unblockFile(today);
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nnewer\n");
+    blockFile(today);
+    session->flushSaveIfDirty();
+    unblockFile(today);
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nnewer\n");
+    session->pickYear(2020, Focus::Editor);
+    EXPECT_EQ(session->draft(), u"newer");
 }
 
 TEST_F(Session, StartsNoImportOnTextThatCannotBeSaved) {

@@ -4,6 +4,8 @@
 #include <mutex>
 
 #include "DiaryKit/Files/AtomicFile.h"
+#include "tests/support/ForkedStep.h"
+#include "tests/support/SystemRefusals.h"
 #include "tests/support/TemporaryVault.h"
 
 namespace diary {
@@ -196,6 +198,26 @@ TEST_F(VaultObserverTest, SurvivesThatAFolderAboveIsMovedAwayAndAnotherMade) {
     m_heard.settle();
     m_ground.write(QStringLiteral("aside/b/vault/03-07.md"), "text");
     EXPECT_TRUE(m_heard.nothing());
+}
+
+TEST_F(VaultObserverTest, SurvivesThatADiskIsMountedOverTheVaultAndGone) {
+    makeVault();
+    const std::string words = test::wordsOfFork([&]() -> std::string {
+        const QByteArray folder = QFile::encodeName(vault());
+        if (!test::leaveMountsOfOthersAlone()) return "no mount";
+        start();
+        if (::mount("tmpfs", folder.constData(), "tmpfs", 0, "size=64k") != 0) return "no mount";
+        if (!m_heard.something()) return "the disk isn't told";
+        if (!isHearing("03-07.md")) return "nothing on the disk is told";
+        m_heard.settle();
+        if (::umount(folder.constData()) != 0) return "no unmount";
+        if (!m_heard.something()) return "its end isn't told";
+        std::string below = isHearing("03-08.md") ? "" : "nothing below is told";
+        m_observer.stop();
+        return below;
+    });
+    if (words == "no mount") GTEST_SKIP() << "this system lets nobody mount here";
+    EXPECT_EQ(words, "");
 }
 
 TEST_F(VaultObserverTest, TellsNothingWhileNothingHappens) {
