@@ -137,6 +137,30 @@ TEST_F(MainWindowControllerTest, PutsAKeptDraftBackAtTheLink) {
     EXPECT_TRUE(bar->linkRect().isEmpty());
 }
 
+TEST_F(MainWindowControllerTest, LeadsOutOfTheTextAndBackByF6) {
+    QWidget* const window = controller->window();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    ASSERT_EQ(window->focusWidget(), editor());
+    QTest::keyClick(editor(), Qt::Key_F6);
+    EXPECT_NE(window->focusWidget(), editor());
+    for (int i = 0; i < 10 && window->focusWidget() != editor(); ++i) {
+        QTest::keyClick(window->focusWidget(), Qt::Key_F6);
+    }
+    EXPECT_EQ(window->focusWidget(), editor());
+    QTest::keyClick(editor(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_NE(window->focusWidget(), editor());
+}
+
+TEST_F(MainWindowControllerTest, KeepsADraftAtOnceWhenItsSaveFailsAtTheEnd) {
+    QDir().mkpath(vault.filePath(fileName()));
+    type(QStringLiteral("precious"));
+    controller->window()->close();
+    const auto kept = controller->session().store().keptTexts().list(
+        today.monthDay().headerTitle(), diary::KeptReason::UnsavedDraft);
+    EXPECT_EQ(kept.size(), 1U);
+}
+
 TEST_F(MainWindowControllerTest, RemembersItsSize) {
     controller->window()->resize(1200, 700);
     controller->window()->close();
@@ -159,6 +183,33 @@ TEST_F(MainWindowControllerTest, ChangesItsLanguageWithoutLosingAnUnsavedWord) {
               QStringLiteral("Viewing ## %1 · 5 chars").arg(today.year));
     editor()->undo();
     EXPECT_EQ(editor()->draft(), QString());
+}
+
+TEST_F(MainWindowControllerTest, TheFormatMenusKeysReachTheText) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(controller->window()));
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(editor(), key, modifiers);
+        return editor()->draft();
+    };
+    const auto both = Qt::ControlModifier | Qt::AltModifier;
+    type(QStringLiteral("a"));
+    EXPECT_EQ(press(Qt::Key_X, both), u"- [ ] a");
+    EXPECT_EQ(press(Qt::Key_Return, Qt::ControlModifier), u"- [x] a");
+    EXPECT_EQ(press(Qt::Key_BracketRight, Qt::ControlModifier), u"  - [x] a");
+    EXPECT_EQ(press(Qt::Key_BracketLeft, Qt::ControlModifier), u"- [x] a");
+    EXPECT_EQ(press(Qt::Key_U, both), u"- a");
+    EXPECT_EQ(press(Qt::Key_2, both), u"## a");
+    EXPECT_EQ(press(Qt::Key_0, both), u"a");
+    editor()->selectAll();
+    EXPECT_EQ(press(Qt::Key_B, Qt::ControlModifier), u"**a**");
+    EXPECT_EQ(press(Qt::Key_B, Qt::ControlModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_I, Qt::ControlModifier), u"*a*");
+    EXPECT_EQ(press(Qt::Key_I, Qt::ControlModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_E, Qt::ControlModifier), u"`a`");
+    EXPECT_EQ(press(Qt::Key_E, Qt::ControlModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier), u"~~a~~");
+    EXPECT_EQ(press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_K, Qt::ControlModifier), u"[a]()");
 }
 
 TEST_F(MainWindowControllerTest, IsReadOnlyWhileAnImportWrites) {
