@@ -185,6 +185,33 @@ TEST_F(MainWindowControllerTest, ChangesItsLanguageWithoutLosingAnUnsavedWord) {
     EXPECT_EQ(editor()->draft(), QString());
 }
 
+TEST_F(MainWindowControllerTest, TheFormatMenusKeysReachTheText) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(controller->window()));
+    const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(editor(), key, modifiers);
+        return editor()->draft();
+    };
+    const auto both = Qt::ControlModifier | Qt::AltModifier;
+    type(QStringLiteral("a"));
+    EXPECT_EQ(press(Qt::Key_X, both), u"- [ ] a");
+    EXPECT_EQ(press(Qt::Key_Return, Qt::ControlModifier), u"- [x] a");
+    EXPECT_EQ(press(Qt::Key_BracketRight, Qt::ControlModifier), u"  - [x] a");
+    EXPECT_EQ(press(Qt::Key_BracketLeft, Qt::ControlModifier), u"- [x] a");
+    EXPECT_EQ(press(Qt::Key_U, both), u"- a");
+    EXPECT_EQ(press(Qt::Key_2, both), u"## a");
+    EXPECT_EQ(press(Qt::Key_0, both), u"a");
+    editor()->selectAll();
+    EXPECT_EQ(press(Qt::Key_B, Qt::ControlModifier), u"**a**");
+    EXPECT_EQ(press(Qt::Key_B, Qt::ControlModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_I, Qt::ControlModifier), u"*a*");
+    EXPECT_EQ(press(Qt::Key_I, Qt::ControlModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_E, Qt::ControlModifier), u"`a`");
+    EXPECT_EQ(press(Qt::Key_E, Qt::ControlModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier), u"~~a~~");
+    EXPECT_EQ(press(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier), u"a");
+    EXPECT_EQ(press(Qt::Key_K, Qt::ControlModifier), u"[a]()");
+}
+
 TEST_F(MainWindowControllerTest, IsReadOnlyWhileAnImportWrites) {
     ASSERT_TRUE(controller->session().importWillWrite());
     type(QStringLiteral("words"));
