@@ -131,6 +131,9 @@ void EntryView::place() {
 void EntryView::followCaret() {
     if (m_isPlacing) return;
     const QPoint caret = m_editor->mapTo(m_page, m_editor->caretRect().center());
+    // With its first line comes the head of the page.
+    const bool isFirstLine = m_editor->caretRect().center().y() < m_editor->lineHeight();
+    if (isFirstLine && caret.y() < viewport()->height()) return scrollToTop();
     // A line above and below the caret's stays visible.
     ensureVisible(0, caret.y(), 0, m_editor->lineHeight());
 }
