@@ -177,7 +177,7 @@ void RhythmPainter::drawSelection(const QTextBlock& block, int from, int to,
         isMark ? fillRounded(m_painter, part.adjusted(0, 5, 0, -5), kMarkRadius, color)
                : m_painter.fillRect(part, color);
     }
-    // A selected line break shows as a stub at the end of its row.
+    // A selected line break shows as a short bar at the end of its row.
     if (isMark || to <= length) return;
     const QTextLine last = block.layout()->lineAt(block.layout()->lineCount() - 1);
     if (!last.isValid()) return;

@@ -1,4 +1,4 @@
-// The folders of this user that the XDG Base Directory Specification gives an application, apart
+// The folders of this user that the XDG base directories give an application, apart
 // from those that Qt finds itself.
 #pragma once
 

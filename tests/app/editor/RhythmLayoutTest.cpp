@@ -267,7 +267,7 @@ TEST_F(PaintingTest, TheSelectionFillsWholeRowsWithoutGaps) {
     editor.selectAll();
     const QImage image = picture();
     for (int y = 0; y < 3 * kLine; ++y) {
-        // Behind the text's start, and in the stub of a selected line break.
+        // Behind the text's start, and in the bar of a selected line break.
         EXPECT_NE(image.pixel(kEdge + 20, y), image.pixel(655, y)) << y;
     }
     EXPECT_EQ(extent(image, Token::SelectionBg, row(0)).left(), kEdge);
