@@ -36,9 +36,9 @@ TEST_F(RefusedSaves, ByAFullDisk) {
     const std::string words = diary::test::wordsOfFork([&]() -> std::string {
         if (!diary::test::mountSmallDisk(QFile::encodeName(vault.path()))) return "no mount";
         vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2001\n\nlong ago\n");
-        vault.write(QStringLiteral("ballast"), QByteArray(40 * 1024, 'x'));
+        vault.write(QStringLiteral("ballast"), QByteArray(40960, 'x'));
         session->open(today, Focus::Editor);
-        std::string refused = refusedTwice(QString(30 * 1024, u'y'));
+        std::string refused = refusedTwice(QString(30720, u'y'));
         if (!refused.empty()) return refused;
         if (file() != u"# 11-21\n\n## 2001\n\nlong ago\n") return "the old text is gone";
         QFile::remove(vault.filePath(QStringLiteral("ballast")));
