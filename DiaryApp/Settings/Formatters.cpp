@@ -10,6 +10,9 @@
 #include <array>
 #include <limits>
 #include <memory>
+#include <mutex>
+
+#include "DiaryKit/Foundation/Background.h"
 
 namespace velmar {
 
@@ -37,8 +40,11 @@ std::unique_ptr<icu::GregorianCalendar> calendar(const icu::Locale& locale) {
     return U_SUCCESS(status) ? std::move(result) : nullptr;
 }
 
-// Formats of one language, by skeleton. Making one costs about a millisecond, so each is made once.
+// Formats of one language, by skeleton. Making the first takes several milliseconds, so each is
+// made once, and the first ones in the background while the application starts.
 struct Cache {
+    // Held while something is made; whoever needs it meanwhile waits.
+    std::recursive_mutex mutex;
     QHash<QString, std::shared_ptr<icu::SimpleDateFormat>> formats;
     std::unique_ptr<icu::DateTimePatternGenerator> generator;
     std::unique_ptr<icu::DateFormatSymbols> symbols;
@@ -65,6 +71,7 @@ std::shared_ptr<icu::SimpleDateFormat> makeFormat(Language language, const QStri
 }
 
 std::shared_ptr<icu::SimpleDateFormat> format(Language language, const QString& skeleton) {
+    const std::lock_guard lock(cache(language).mutex);
     auto& formats = cache(language).formats;
     const auto found = formats.constFind(skeleton);
     if (found != formats.constEnd()) return *found;
@@ -72,6 +79,7 @@ std::shared_ptr<icu::SimpleDateFormat> format(Language language, const QString& 
 }
 
 const icu::DateFormatSymbols& symbols(Language language) {
+    const std::lock_guard lock(cache(language).mutex);
     auto& kept = cache(language).symbols;
     if (!kept) {
         UErrorCode status = U_ZERO_ERROR;
@@ -89,6 +97,13 @@ const Formatters& Formatters::of(Language language) {
     static const std::array<Formatters, 3> instances = {
         Formatters(Language::en), Formatters(Language::zhHans), Formatters(Language::ja)};
     return instances[static_cast<std::size_t>(language)];
+}
+
+void Formatters::warmUp(Language language) {
+    diary::background::start(diary::background::Urgency::UserWaits, [language] {
+        (void)symbols(language);
+        if (language == Language::en) (void)format(language, QStringLiteral("EEEEMMMMd"));
+    });
 }
 
 QString Formatters::written(diary::MonthDay day, int year, const QString& skeleton,

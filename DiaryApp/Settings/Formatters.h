@@ -16,6 +16,9 @@ public:
     // One instance a language, kept for the process.
     [[nodiscard]] static const Formatters& of(Language language);
 
+    // Makes what the first page needs, in the background. Returns at once.
+    static void warmUp(Language language);
+
     // The day's date in that year under an ICU skeleton: "EEEEMMMMd" -> "Saturday, November 21".
     // Where the day has no weekday in that year, the skeleton `withoutWeekday` is used, and the
     // year doesn't count. Empty in Chinese and Japanese, whose pages show the weekday alone.

@@ -1,9 +1,13 @@
 #include "DiaryApp/Shell/AppDelegate.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
+#include <chrono>
 
 #include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Settings/Formatters.h"
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryApp/Settings/VaultPlaces.h"
 #include "DiaryApp/Shell/DayChangeNotifier.h"
@@ -16,9 +20,19 @@
 
 namespace velmar {
 
+namespace {
+
+constexpr std::chrono::milliseconds kAfterFirstPaint{200};
+
+}  // namespace
+
 AppDelegate::AppDelegate(Settings& settings) : m_settings(settings) {}
 
 AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::warmUp(const Settings& settings) {
+    Formatters::warmUp(localization::effectiveLanguage(settings));
+}
 
 void AppDelegate::start() {
     appearance::prepare();
@@ -43,7 +57,7 @@ void AppDelegate::start() {
     m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
                                                       [this] { m_main->calendarDayChanged(); });
     m_signals = std::make_unique<UnixSignals>([this] { terminate(); });
-    removeAbandonedTemporaries();
+    QTimer::singleShot(kAfterFirstPaint, this, [this] { finishStart(); });
     if (isScripted) {
         debugscenario::run(m_settings, *m_main, [this](int code) {
             m_main->session().flushSaveIfDirty();
@@ -74,6 +88,12 @@ void AppDelegate::applicationStateChanged(Qt::ApplicationState state) {
     } else {
         m_main->applicationResignedActive();
     }
+}
+
+// What the first page doesn't need. Looking for the icon takes longer than reading the day.
+void AppDelegate::finishStart() {
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.velmar.Velmar")));
+    removeAbandonedTemporaries();
 }
 
 // What a crash left behind, here or on another machine's behalf, in its own time.

@@ -20,6 +20,10 @@ public:
     explicit AppDelegate(Settings& settings);
     ~AppDelegate() override;
 
+    // Begins in the background what the first page needs and no display. May come ahead of the
+    // QApplication; returns at once.
+    static void warmUp(const Settings& settings);
+
     // Brings the application up, to the shown window. Once, before the event loop.
     void start();
 
@@ -29,6 +33,7 @@ private:
     void makeWindow();
     void terminate();
     void applicationStateChanged(Qt::ApplicationState state);
+    void finishStart();
     void removeAbandonedTemporaries() const;
 
     Settings& m_settings;

@@ -24,7 +24,6 @@ MainWindow::MainWindow(Settings& settings)
       m_entryView(new EntryView(settings, this)),
       m_statusBar(new StatusBarView(settings.homeFolder(), this)) {
     setMinimumSize(leastSize);
-    setWindowIcon(QIcon::fromTheme(QStringLiteral("org.velmar.Velmar")));
     addFocusKeys();
     restoreFrame();
 }

@@ -4,6 +4,8 @@
 #include "DiaryApp/Shell/AppDelegate.h"
 
 int main(int argc, char** argv) {
+    // Connecting to the display takes long enough for this to be done by then.
+    velmar::AppDelegate::warmUp(velmar::Settings::shared());
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Velmar"));
     QApplication::setApplicationName(QStringLiteral("Velmar"));
