@@ -19,7 +19,9 @@ gone() {
 # `displayPid`, and leaves its log in the folder. Whoever calls it ends it.
 startDisplay() {
   local folder=$1
-  Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp \
+  # Without -noreset the server begins anew whenever its last client goes, and the next one that
+  # comes in that moment is refused.
+  Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp -noreset \
     3>"$folder/display" >"$folder/display.log" 2>&1 &
   # shellcheck disable=SC2034 # The caller ends the display by it.
   displayPid=$!
