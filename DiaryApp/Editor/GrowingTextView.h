@@ -34,6 +34,8 @@ public:
     void load(const QString& draft);
     // Shows another state of the same text: the caret and the selection stay at their words.
     void reload(const QString& draft);
+    // Whether an input method holds text here that isn't in the draft yet.
+    [[nodiscard]] bool isComposing() const;
     [[nodiscard]] const QString& draft() const { return m_draft.text(); }
 
     void setPlaceholder(const QString& text);
@@ -111,7 +113,6 @@ private:
     void dropComposition();
     void settleCaret();
     [[nodiscard]] std::optional<int> caretOutsideHiddenMarker(const QTextCursor& caret) const;
-    [[nodiscard]] bool isComposing() const;
 
     bool editingKey(const QKeyEvent& event);
     void pressReturn();

@@ -2,8 +2,6 @@
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
-#include <QtGui/QTextBlock>
-#include <QtGui/QTextLayout>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 
@@ -71,7 +69,7 @@ SessionView MainWindowController::sessionView() {
     view.setEdited = [this](bool isEdited) { m_window->setWindowModified(isEdited); };
     view.setEditable = [this](bool isOn) { m_window->entryView()->setEditable(isOn); };
     view.commitComposition = [this] { commitComposition(); };
-    view.isComposing = [this] { return isComposing(); };
+    view.isComposing = [this] { return m_window->entryView()->editor()->isComposing(); };
     view.flash = [this](SessionNotice notice) { flash(notice); };
     view.showSaveError = [this](const diary::FileError& error) { showSaveError(error); };
     view.offerKeptDraft = [this](const diary::KeptText& kept) { offerKeptDraft(kept); };
@@ -246,12 +244,8 @@ bool MainWindowController::mayClose() {
 }
 
 void MainWindowController::commitComposition() const {
-    if (isComposing()) QGuiApplication::inputMethod()->commit();
-}
-
-bool MainWindowController::isComposing() const {
-    const QTextCursor caret = m_window->entryView()->editor()->textCursor();
-    return !caret.block().layout()->preeditAreaText().isEmpty();
+    const bool isComposing = m_window->entryView()->editor()->isComposing();
+    if (isComposing) QGuiApplication::inputMethod()->commit();
 }
 
 void MainWindowController::closeWindow() {

@@ -49,7 +49,6 @@ private:
     void offerKeptDraft(const diary::KeptText& kept);
     void withdrawKeptDraft();
     void commitComposition() const;
-    [[nodiscard]] bool isComposing() const;
     void closeWindow();
     [[nodiscard]] bool mayClose();
 

@@ -147,36 +147,32 @@ TEST_F(KeptBySession, ADraftIsKeptBeforeTheWindowWaitsForItsAlert) {
 
 TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept) {
     diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
-    WritingSession::Environment environment;
-    environment.clock = &clock;
-    environment.makeTimer = timers.maker();
-    WritingSession stuck(nowhere, view(), environment);
-    stuck.open(today, Focus::Editor);
+    session = makeSession(nowhere);
+    session->open(today, Focus::Editor);
     blockFile(today);
-    stuck.draftChanged(QStringLiteral("precious"));
-    EXPECT_FALSE(stuck.open(MonthDay{3, 7}, Focus::Editor));
-    EXPECT_FALSE(stuck.pickYear(2020, Focus::Editor));
-    EXPECT_EQ(stuck.draft(), u"precious");
-    EXPECT_EQ(stuck.currentMonthDay(), today);
+    session->draftChanged(QStringLiteral("precious"));
+    EXPECT_FALSE(session->open(MonthDay{3, 7}, Focus::Editor));
+    EXPECT_FALSE(session->pickYear(2020, Focus::Editor));
+    EXPECT_EQ(session->draft(), u"precious");
+    EXPECT_EQ(session->currentMonthDay(), today);
     EXPECT_EQ(told.notices.back(), SessionNotice::CannotLeave);
     unblockFile(today);
-    EXPECT_TRUE(stuck.open(MonthDay{3, 7}, Focus::Editor));
+    EXPECT_TRUE(session->open(MonthDay{3, 7}, Focus::Editor));
     EXPECT_EQ(onDisk(2026), u"precious");
+    session.reset();
 }
 
 TEST_F(KeptBySession, NothingIsOverwrittenThatCannotBeKept) {
     diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
-    WritingSession::Environment environment;
-    environment.clock = &clock;
-    environment.makeTimer = timers.maker();
-    WritingSession stuck(nowhere, view(), environment);
-    stuck.open(today, Focus::Editor);
-    stuck.draftChanged(QStringLiteral("mine"));
+    session = makeSession(nowhere);
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("mine"));
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\ntheirs\n");
-    stuck.flushSaveIfDirty();
+    session->flushSaveIfDirty();
     EXPECT_EQ(onDisk(2026), u"theirs");
-    EXPECT_TRUE(stuck.isDirty());
+    EXPECT_TRUE(session->isDirty());
     EXPECT_EQ(told.saveErrors, 1);
+    session.reset();
 }
 
 }  // namespace

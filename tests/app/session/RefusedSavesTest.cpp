@@ -62,10 +62,7 @@ TEST_F(RefusedSaves, ByAnothersFolder) {
             return "no mode";
         }
         diary::DiaryStore others(QStringLiteral("."), {}, clock);
-        WritingSession::Environment environment;
-        environment.clock = &clock;
-        environment.makeTimer = timers.maker();
-        session = std::make_unique<WritingSession>(others, view(), environment);
+        session = makeSession(others);
         session->open(today, Focus::Editor);
         if (session->draft() != u"begun") return "the file can't be read";
         std::string refused = refusedTwice(QStringLiteral("begun, and more"));
@@ -81,10 +78,7 @@ TEST_F(RefusedSaves, ByADiskThatIsNotThere) {
         const QByteArray folder = QFile::encodeName(vault.path());
         if (!diary::test::mountSmallDisk(folder)) return "no mount";
         diary::DiaryStore mounted(vault.path(), {}, clock);
-        WritingSession::Environment environment;
-        environment.clock = &clock;
-        environment.makeTimer = timers.maker();
-        session = std::make_unique<WritingSession>(mounted, view(), environment);
+        session = makeSession(mounted);
         vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2026\n\nbegun\n");
         session->open(today, Focus::Editor);
         if (::umount(folder.constData()) != 0) return "no unmount";

@@ -35,7 +35,9 @@ protected:
 
     SessionFixture() { session = makeSession(); }
 
-    std::unique_ptr<WritingSession> makeSession() {
+    std::unique_ptr<WritingSession> makeSession() { return makeSession(store); }
+
+    std::unique_ptr<WritingSession> makeSession(diary::DiaryStore& in) {
         WritingSession::Environment environment;
         environment.clock = &clock;
         environment.makeTimer = timers.maker();
@@ -45,7 +47,7 @@ protected:
                                QStringLiteral("(ailleurs aussi)")};
         };
         environment.recoveryFolder = recovery.path();
-        return std::make_unique<WritingSession>(store, view(), environment);
+        return std::make_unique<WritingSession>(in, view(), environment);
     }
 
     SessionView view() {
