@@ -332,5 +332,16 @@
         <extracomment>Name of the bar below the page, read aloud.</extracomment>
         <translation>状态栏</translation>
     </message>
+
+    <!-- Menus and bars -->
+
+    <!-- Sidebar, rail and year calendar -->
+
+    <!-- Page and all years -->
+
+    <!-- Search -->
+
+    <!-- Settings and first start -->
+
 </context>
 </TS>
