@@ -339,6 +339,89 @@
     </message>
 
     <!-- Menus and bars -->
+    <message id="About %@">
+        <source></source>
+        <extracomment>%1 is the application's name.</extracomment>
+        <translation>About %1</translation>
+    </message>
+    <message id="Check for Updates…">
+        <source></source>
+        <translation>Check for Updates…</translation>
+    </message>
+    <message id="Settings…">
+        <source></source>
+        <translation>Settings…</translation>
+    </message>
+    <message id="Hide %@">
+        <source></source>
+        <extracomment>Minimises the window. %1 is the application's name.</extracomment>
+        <translation>Hide %1</translation>
+    </message>
+    <message id="Import…">
+        <source></source>
+        <translation>Import…</translation>
+    </message>
+    <message id="Import Records…">
+        <source></source>
+        <extracomment>The list of what was imported, for undo.</extracomment>
+        <translation>Import Records…</translation>
+    </message>
+    <message id="Export…">
+        <source></source>
+        <translation>Export…</translation>
+    </message>
+    <message id="Show in Finder">
+        <source></source>
+        <extracomment>Opens the file manager with the day's file selected.</extracomment>
+        <translation>Show in Files</translation>
+    </message>
+    <message id="Find…">
+        <source></source>
+        <translation>Find…</translation>
+    </message>
+    <message id="Find Next">
+        <source></source>
+        <translation>Find Next</translation>
+    </message>
+    <message id="Find Previous">
+        <source></source>
+        <translation>Find Previous</translation>
+    </message>
+    <message id="View">
+        <source></source>
+        <extracomment>Menu.</extracomment>
+        <translation>View</translation>
+    </message>
+    <message id="One Year">
+        <source></source>
+        <extracomment>The page shows one year of the day.</extracomment>
+        <translation>One Year</translation>
+    </message>
+    <message id="All Years">
+        <source></source>
+        <extracomment>The page shows all years of the day.</extracomment>
+        <translation>All Years</translation>
+    </message>
+    <message id="Toggle Source">
+        <source></source>
+        <extracomment>Shows the day's file as it is, or the page again.</extracomment>
+        <translation>Toggle Source</translation>
+    </message>
+    <message id="Source">
+        <source></source>
+        <extracomment>Button: shows the day's file as it is.</extracomment>
+        <translation>Source</translation>
+    </message>
+    <message id="Reader">
+        <source></source>
+        <extracomment>Button: back from the file to the page.</extracomment>
+        <translation>Reader</translation>
+    </message>
+    <message id="Year Calendar">
+        <source></source>
+        <extracomment>The window with all days of the year.</extracomment>
+        <translation>Year Calendar</translation>
+    </message>
 
     <!-- Sidebar, rail and year calendar -->
 

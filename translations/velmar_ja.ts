@@ -334,6 +334,89 @@
     </message>
 
     <!-- Menus and bars -->
+    <message id="About %@">
+        <source></source>
+        <extracomment>%1 is the application's name.</extracomment>
+        <translation>%1 について</translation>
+    </message>
+    <message id="Check for Updates…">
+        <source></source>
+        <translation>アップデートを確認…</translation>
+    </message>
+    <message id="Settings…">
+        <source></source>
+        <translation>設定…</translation>
+    </message>
+    <message id="Hide %@">
+        <source></source>
+        <extracomment>Minimises the window. %1 is the application's name.</extracomment>
+        <translation>%1 を隠す</translation>
+    </message>
+    <message id="Import…">
+        <source></source>
+        <translation>読み込む…</translation>
+    </message>
+    <message id="Import Records…">
+        <source></source>
+        <extracomment>The list of what was imported, for undo.</extracomment>
+        <translation>読み込みの記録…</translation>
+    </message>
+    <message id="Export…">
+        <source></source>
+        <translation>書き出す…</translation>
+    </message>
+    <message id="Show in Finder">
+        <source></source>
+        <extracomment>Opens the file manager with the day's file selected.</extracomment>
+        <translation>ファイルマネージャーで表示</translation>
+    </message>
+    <message id="Find…">
+        <source></source>
+        <translation>検索…</translation>
+    </message>
+    <message id="Find Next">
+        <source></source>
+        <translation>次を検索</translation>
+    </message>
+    <message id="Find Previous">
+        <source></source>
+        <translation>前を検索</translation>
+    </message>
+    <message id="View">
+        <source></source>
+        <extracomment>Menu.</extracomment>
+        <translation>表示</translation>
+    </message>
+    <message id="One Year">
+        <source></source>
+        <extracomment>The page shows one year of the day.</extracomment>
+        <translation>ひとつの年</translation>
+    </message>
+    <message id="All Years">
+        <source></source>
+        <extracomment>The page shows all years of the day.</extracomment>
+        <translation>すべての年</translation>
+    </message>
+    <message id="Toggle Source">
+        <source></source>
+        <extracomment>Shows the day's file as it is, or the page again.</extracomment>
+        <translation>ソースの切り替え</translation>
+    </message>
+    <message id="Source">
+        <source></source>
+        <extracomment>Button: shows the day's file as it is.</extracomment>
+        <translation>ソース</translation>
+    </message>
+    <message id="Reader">
+        <source></source>
+        <extracomment>Button: back from the file to the page.</extracomment>
+        <translation>リーダー</translation>
+    </message>
+    <message id="Year Calendar">
+        <source></source>
+        <extracomment>The window with all days of the year.</extracomment>
+        <translation>年間カレンダー</translation>
+    </message>
 
     <!-- Sidebar, rail and year calendar -->
 

@@ -334,6 +334,89 @@
     </message>
 
     <!-- Menus and bars -->
+    <message id="About %@">
+        <source></source>
+        <extracomment>%1 is the application's name.</extracomment>
+        <translation>关于 %1</translation>
+    </message>
+    <message id="Check for Updates…">
+        <source></source>
+        <translation>检查更新…</translation>
+    </message>
+    <message id="Settings…">
+        <source></source>
+        <translation>设置…</translation>
+    </message>
+    <message id="Hide %@">
+        <source></source>
+        <extracomment>Minimises the window. %1 is the application's name.</extracomment>
+        <translation>隐藏 %1</translation>
+    </message>
+    <message id="Import…">
+        <source></source>
+        <translation>导入…</translation>
+    </message>
+    <message id="Import Records…">
+        <source></source>
+        <extracomment>The list of what was imported, for undo.</extracomment>
+        <translation>导入记录…</translation>
+    </message>
+    <message id="Export…">
+        <source></source>
+        <translation>导出…</translation>
+    </message>
+    <message id="Show in Finder">
+        <source></source>
+        <extracomment>Opens the file manager with the day's file selected.</extracomment>
+        <translation>在文件管理器中显示</translation>
+    </message>
+    <message id="Find…">
+        <source></source>
+        <translation>查找…</translation>
+    </message>
+    <message id="Find Next">
+        <source></source>
+        <translation>查找下一个</translation>
+    </message>
+    <message id="Find Previous">
+        <source></source>
+        <translation>查找上一个</translation>
+    </message>
+    <message id="View">
+        <source></source>
+        <extracomment>Menu.</extracomment>
+        <translation>显示</translation>
+    </message>
+    <message id="One Year">
+        <source></source>
+        <extracomment>The page shows one year of the day.</extracomment>
+        <translation>单年</translation>
+    </message>
+    <message id="All Years">
+        <source></source>
+        <extracomment>The page shows all years of the day.</extracomment>
+        <translation>所有年份</translation>
+    </message>
+    <message id="Toggle Source">
+        <source></source>
+        <extracomment>Shows the day's file as it is, or the page again.</extracomment>
+        <translation>切换源文件</translation>
+    </message>
+    <message id="Source">
+        <source></source>
+        <extracomment>Button: shows the day's file as it is.</extracomment>
+        <translation>源文件</translation>
+    </message>
+    <message id="Reader">
+        <source></source>
+        <extracomment>Button: back from the file to the page.</extracomment>
+        <translation>阅读</translation>
+    </message>
+    <message id="Year Calendar">
+        <source></source>
+        <extracomment>The window with all days of the year.</extracomment>
+        <translation>年历</translation>
+    </message>
 
     <!-- Sidebar, rail and year calendar -->
 

@@ -8,15 +8,24 @@ namespace velmar {
 
 namespace {
 
+constexpr std::array kSettings = {MenuKey{Qt::CTRL | Qt::Key_Comma}};
+constexpr std::array kHide = {MenuKey{Qt::CTRL | Qt::Key_H}};
 constexpr std::array kQuit = {MenuKey{Qt::CTRL | Qt::Key_Q}};
 constexpr std::array kClose = {MenuKey{Qt::CTRL | Qt::Key_W}};
 constexpr std::array kSave = {MenuKey{Qt::CTRL | Qt::Key_S}};
+constexpr std::array kImport = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_I}};
+constexpr std::array kExport = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_E}};
 constexpr std::array kUndo = {MenuKey{Qt::CTRL | Qt::Key_Z}};
 constexpr std::array kRedo = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_Z}};
 constexpr std::array kCut = {MenuKey{Qt::CTRL | Qt::Key_X}};
 constexpr std::array kCopy = {MenuKey{Qt::CTRL | Qt::Key_C}};
 constexpr std::array kPaste = {MenuKey{Qt::CTRL | Qt::Key_V}};
 constexpr std::array kSelectAll = {MenuKey{Qt::CTRL | Qt::Key_A}};
+constexpr std::array kFind = {MenuKey{Qt::CTRL | Qt::Key_F}};
+// F3 is what a hand on another application expects.
+constexpr std::array kFindNext = {MenuKey{Qt::CTRL | Qt::Key_G}, MenuKey{Qt::Key_F3}};
+constexpr std::array kFindPrevious = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_G},
+                                      MenuKey{Qt::SHIFT | Qt::Key_F3}};
 constexpr std::array kBold = {MenuKey{Qt::CTRL | Qt::Key_B}};
 constexpr std::array kItalic = {MenuKey{Qt::CTRL | Qt::Key_I}};
 constexpr std::array kStrikethrough = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_X}};
@@ -33,26 +42,42 @@ constexpr std::array kQuote = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_Q}};
 constexpr std::array kCheckToDo = {MenuKey{Qt::CTRL | Qt::Key_Return}};
 constexpr std::array kIndent = {MenuKey{Qt::CTRL | Qt::Key_BracketRight}};
 constexpr std::array kOutdent = {MenuKey{Qt::CTRL | Qt::Key_BracketLeft}};
+constexpr std::array kOneYear = {MenuKey{Qt::CTRL | Qt::Key_1}};
+constexpr std::array kAllYears = {MenuKey{Qt::CTRL | Qt::Key_2}};
+constexpr std::array kToggleSource = {MenuKey{Qt::CTRL | Qt::Key_U}};
 constexpr std::array kPrevious = {MenuKey{Qt::ALT | Qt::Key_Left},
                                   MenuKey{Qt::CTRL | Qt::Key_Left, KeyReach::OutsideText}};
 constexpr std::array kNext = {MenuKey{Qt::ALT | Qt::Key_Right},
                               MenuKey{Qt::CTRL | Qt::Key_Right, KeyReach::OutsideText}};
 constexpr std::array kToday = {MenuKey{Qt::CTRL | Qt::Key_T}};
 constexpr std::array kRandom = {MenuKey{Qt::CTRL | Qt::Key_R}};
+constexpr std::array kYearCalendar = {MenuKey{Qt::CTRL | Qt::Key_Y}};
 constexpr std::array kMinimize = {MenuKey{Qt::CTRL | Qt::Key_M}};
 
 constexpr bool kSeparator = true;
 
 constexpr std::array kTable = {
+    MenuRow{Menu::Diary, QT_TRID_NOOP("About %@"), Action::About, {}},
+    MenuRow{
+        Menu::Diary, QT_TRID_NOOP("Check for Updates…"), Action::CheckForUpdates, {}, kSeparator},
+    MenuRow{Menu::Diary, QT_TRID_NOOP("Settings…"), Action::Settings, kSettings, kSeparator},
+    MenuRow{Menu::Diary, QT_TRID_NOOP("Hide %@"), Action::Hide, kHide, kSeparator},
     MenuRow{Menu::Diary, QT_TRID_NOOP("Quit %@"), Action::Quit, kQuit},
     MenuRow{Menu::File, QT_TRID_NOOP("Close"), Action::Close, kClose, kSeparator},
-    MenuRow{Menu::File, QT_TRID_NOOP("Save"), Action::Save, kSave},
+    MenuRow{Menu::File, QT_TRID_NOOP("Save"), Action::Save, kSave, kSeparator},
+    MenuRow{Menu::File, QT_TRID_NOOP("Import…"), Action::Import, kImport},
+    MenuRow{Menu::File, QT_TRID_NOOP("Import Records…"), Action::ImportRecords, {}},
+    MenuRow{Menu::File, QT_TRID_NOOP("Export…"), Action::Export, kExport, kSeparator},
+    MenuRow{Menu::File, QT_TRID_NOOP("Show in Finder"), Action::ShowInFinder, {}},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Undo"), Action::Undo, kUndo},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Redo"), Action::Redo, kRedo, kSeparator},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Cut"), Action::Cut, kCut},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Copy"), Action::Copy, kCopy},
     MenuRow{Menu::Edit, QT_TRID_NOOP("Paste"), Action::Paste, kPaste},
-    MenuRow{Menu::Edit, QT_TRID_NOOP("Select All"), Action::SelectAll, kSelectAll},
+    MenuRow{Menu::Edit, QT_TRID_NOOP("Select All"), Action::SelectAll, kSelectAll, kSeparator},
+    MenuRow{Menu::Edit, QT_TRID_NOOP("Find…"), Action::Find, kFind},
+    MenuRow{Menu::Edit, QT_TRID_NOOP("Find Next"), Action::FindNext, kFindNext},
+    MenuRow{Menu::Edit, QT_TRID_NOOP("Find Previous"), Action::FindPrevious, kFindPrevious},
     MenuRow{Menu::Format, QT_TRID_NOOP("Bold"), Action::Bold, kBold},
     MenuRow{Menu::Format, QT_TRID_NOOP("Italic"), Action::Italic, kItalic},
     MenuRow{Menu::Format, QT_TRID_NOOP("Strikethrough"), Action::Strikethrough, kStrikethrough},
@@ -69,17 +94,21 @@ constexpr std::array kTable = {
     MenuRow{Menu::Format, QT_TRID_NOOP("Check To-Do"), Action::CheckToDo, kCheckToDo, kSeparator},
     MenuRow{Menu::Format, QT_TRID_NOOP("Indent"), Action::Indent, kIndent},
     MenuRow{Menu::Format, QT_TRID_NOOP("Outdent"), Action::Outdent, kOutdent},
+    MenuRow{Menu::View, QT_TRID_NOOP("One Year"), Action::OneYear, kOneYear},
+    MenuRow{Menu::View, QT_TRID_NOOP("All Years"), Action::AllYears, kAllYears},
+    MenuRow{Menu::View, QT_TRID_NOOP("Toggle Source"), Action::ToggleSource, kToggleSource},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Previous Day"), Action::PreviousDay, kPrevious},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Next Day"), Action::NextDay, kNext},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Today"), Action::Today, kToday},
     MenuRow{Menu::Navigate, QT_TRID_NOOP("Random Day"), Action::RandomDay, kRandom},
+    MenuRow{Menu::Navigate, QT_TRID_NOOP("Year Calendar"), Action::YearCalendar, kYearCalendar},
     MenuRow{Menu::Window, QT_TRID_NOOP("Minimize"), Action::Minimize, kMinimize},
     MenuRow{Menu::Window, QT_TRID_NOOP("Zoom"), Action::Zoom, {}},
 };
 
-constexpr std::array kMenuTitles = {QT_TRID_NOOP("Diary"),    QT_TRID_NOOP("File"),
-                                    QT_TRID_NOOP("Edit"),     QT_TRID_NOOP("Format"),
-                                    QT_TRID_NOOP("Navigate"), QT_TRID_NOOP("Window")};
+constexpr std::array kMenuTitles = {
+    QT_TRID_NOOP("Diary"), QT_TRID_NOOP("File"),     QT_TRID_NOOP("Edit"),  QT_TRID_NOOP("Format"),
+    QT_TRID_NOOP("View"),  QT_TRID_NOOP("Navigate"), QT_TRID_NOOP("Window")};
 
 }  // namespace
 

@@ -6,18 +6,29 @@
 
 namespace velmar {
 
-enum class Menu { Diary, File, Edit, Format, Navigate, Window };
+enum class Menu { Diary, File, Edit, Format, View, Navigate, Window };
 
 enum class Action {
+    About,
+    CheckForUpdates,
+    Settings,
+    Hide,
     Quit,
     Close,
     Save,
+    Import,
+    ImportRecords,
+    Export,
+    ShowInFinder,
     Undo,
     Redo,
     Cut,
     Copy,
     Paste,
     SelectAll,
+    Find,
+    FindNext,
+    FindPrevious,
     Bold,
     Italic,
     Strikethrough,
@@ -34,10 +45,14 @@ enum class Action {
     CheckToDo,
     Indent,
     Outdent,
+    OneYear,
+    AllYears,
+    ToggleSource,
     PreviousDay,
     NextDay,
     Today,
     RandomDay,
+    YearCalendar,
     Minimize,
     Zoom,
 };

@@ -29,40 +29,42 @@ Button* barButton(const QString& icon, QWidget* parent) {
 
 TopBarView::TopBarView(QWidget* parent)
     : QWidget(parent),
-      m_today(barButton(QStringLiteral("calendar"), this)),
-      m_random(barButton(QStringLiteral("die"), this)) {
+      m_random(barButton(QStringLiteral("die"), this)),
+      m_source(barButton(QStringLiteral("source"), this)) {
     setFixedHeight(barHeight);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kLeft, 1, kRight, 0);
     layout->setSpacing(kButtonGap);
     layout->addStretch();
-    layout->addWidget(m_today);
     layout->addWidget(m_random);
-    connect(m_today, &Button::clicked, this, [this] {
-        if (onToday) onToday();
-    });
+    layout->addWidget(m_source);
     connect(m_random, &Button::clicked, this, [this] {
         if (onRandom) onRandom();
+    });
+    connect(m_source, &Button::clicked, this, [this] {
+        if (onToggleSource) onToggleSource();
     });
     retranslate();
 }
 
-void TopBarView::update(const QString& fileName, int sectionCount) {
-    m_fileName = fileName;
-    m_sectionCount = sectionCount;
-    setAccessibleDescription(fileName + QStringLiteral(", ") +
-                             qtTrId("%d year sections", sectionCount));
-    QWidget::update();
+void TopBarView::update(const Model& model) {
+    if (model == m_model) return;
+    m_model = model;
+    retranslate();
 }
 
 void TopBarView::retranslate() {
     setAccessibleName(qtTrId("AccessibleTopBar"));
-    m_today->setText(qtTrId("Today"));
-    m_today->setHint(qtTrId("Today"), QKeySequence(Qt::CTRL | Qt::Key_T));
+    setAccessibleDescription(m_model.fileName + QStringLiteral(", ") +
+                             qtTrId("%d year sections", m_model.sectionCount));
     m_random->setText(qtTrId("Random Day"));
     m_random->setHint(qtTrId("Random Day"), QKeySequence(Qt::CTRL | Qt::Key_R));
-    for (Button* button : {m_today, m_random}) button->updateGeometry();
-    update(m_fileName, m_sectionCount);
+    m_source->setIconName(m_model.showsSource ? QStringLiteral("reader")
+                                              : QStringLiteral("source"));
+    m_source->setText(m_model.showsSource ? qtTrId("Reader") : qtTrId("Source"));
+    m_source->setHint(qtTrId("Toggle Source"), QKeySequence(Qt::CTRL | Qt::Key_U));
+    for (Button* button : {m_random, m_source}) button->updateGeometry();
+    QWidget::update();
 }
 
 void TopBarView::paintEvent(QPaintEvent* /*event*/) {
@@ -73,15 +75,15 @@ void TopBarView::paintEvent(QPaintEvent* /*event*/) {
     const TextLook file = {fonts::mono(13, QFont::Medium), kLine, Token::InkMed};
     const TextLook count = {fonts::mono(11.5), kLine, Token::ChromeText};
     const double top = (height() - 1 - kLine) / 2;
-    const double right = m_today->x() - kDividerGap;
-    paintLine(painter, {double(kLeft), top, right - kLeft, kLine}, m_fileName, file);
+    const double right = m_random->x() - kDividerGap;
+    paintLine(painter, {double(kLeft), top, right - kLeft, kLine}, m_model.fileName, file);
     const double divider =
-        kLeft + QFontMetricsF(file.font).horizontalAdvance(m_fileName) + kDividerGap;
+        kLeft + QFontMetricsF(file.font).horizontalAdvance(m_model.fileName) + kDividerGap;
     painter.fillRect(
         QRectF(qRound(divider), (height() - 1 - kDividerHeight) / 2, 1, kDividerHeight),
         theme::color(Token::Border));
     const double x = divider + 1 + kDividerGap;
-    paintLine(painter, {x, top, right - x, kLine}, qtTrId("%d year sections", m_sectionCount),
+    paintLine(painter, {x, top, right - x, kLine}, qtTrId("%d year sections", m_model.sectionCount),
               count);
 }
 

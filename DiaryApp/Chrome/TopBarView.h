@@ -1,6 +1,8 @@
-// The bar above the page: the day's file and how many years it holds, and the two leaps.
+// The bar above the page: the day's file and how many years it holds, the leap to any
+// day, and the way to the file's own text.
 #pragma once
 
+#include <QtCore/QString>
 #include <QtWidgets/QWidget>
 #include <functional>
 
@@ -14,11 +16,19 @@ class TopBarView : public QWidget {
 public:
     explicit TopBarView(QWidget* parent = nullptr);
 
-    std::function<void()> onToday;
     std::function<void()> onRandom;
+    std::function<void()> onToggleSource;
 
-    // "11-21.md", and the number of years with text in it.
-    void update(const QString& fileName, int sectionCount);
+    struct Model {
+        // "11-21.md"
+        QString fileName;
+        // The number of years with text in it.
+        int sectionCount = 0;
+        bool showsSource = false;
+
+        bool operator==(const Model&) const = default;
+    };
+    void update(const Model& model);
     // The buttons' texts and the count, again in another language.
     void retranslate();
 
@@ -28,10 +38,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString m_fileName;
-    int m_sectionCount = 0;
-    Button* m_today;
+    Model m_model;
     Button* m_random;
+    Button* m_source;
 };
 
 }  // namespace velmar

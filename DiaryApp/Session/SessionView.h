@@ -34,6 +34,8 @@ struct SessionView {
     std::function<void()> scrollToTop;
     std::function<void()> focusEditor;
     std::function<void()> clearSearchHighlights;
+    // The folder was looked at again, and the day taken in where it had changed.
+    std::function<void()> remoteRefreshed;
     std::function<void(bool)> setEdited;
     std::function<void(bool)> setEditable;
     // Takes what an input method holds into the draft, before the draft is left.

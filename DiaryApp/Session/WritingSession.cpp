@@ -96,18 +96,30 @@ bool WritingSession::pickYear(int year, Focus focus) {
     if (year == m_viewedYear && !m_showAllYears) return true;
     if (!leaveDraft()) return false;
     m_showAllYears = false;
-    m_viewedYear = year;
-    if (m_isRawTextStale) {
-        loadDay();
-    } else {
-        loadDraft();
-    }
+    loadYear(year);
     call(m_view.renderSidebar);
     call(m_view.renderEntry);
     call(m_view.renderRail);
     call(m_view.renderStatus);
     call(m_view.scrollToTop);
     if (focus == Focus::Editor) call(m_view.focusEditor);
+    return true;
+}
+
+void WritingSession::loadYear(int year) {
+    m_viewedYear = year;
+    if (m_isRawTextStale) {
+        loadDay();
+    } else {
+        loadDraft();
+    }
+}
+
+bool WritingSession::viewYearAmongAll(int year) {
+    if (!m_showAllYears || year == m_viewedYear) return true;
+    if (!leaveDraft()) return false;
+    loadYear(year);
+    call(m_view.renderStatus);
     return true;
 }
 
@@ -128,9 +140,10 @@ void WritingSession::setAllYears(bool isOn) {
 void WritingSession::toggleSourceView() {
     flushSaveIfDirty();
     m_showSource = !m_showSource;
-    if (m_showSource) m_showAllYears = false;
+    const bool leavesAllYears = m_showSource && std::exchange(m_showAllYears, false);
     call(m_view.renderEntry);
     call(m_view.renderTopBar);
+    if (leavesAllYears) call(m_view.renderRail);
     call(m_view.scrollToTop);
 }
 
@@ -340,12 +353,13 @@ void WritingSession::performRemoteRefresh() {
     m_store.invalidateCaches();
     call(m_view.renderSidebar);
     resolveConflicts();
-    if (m_store.modificationDate(m_monthDay) == m_loadedModificationDate) return;
-    if (m_view.isComposing && m_view.isComposing()) {
+    const bool isCurrent = m_store.modificationDate(m_monthDay) == m_loadedModificationDate;
+    if (!isCurrent && m_view.isComposing && m_view.isComposing()) {
         scheduleRemoteRefresh();  // Another text under a composition would take it away.
-    } else {
+    } else if (!isCurrent) {
         reloadFromDisk();
     }
+    call(m_view.remoteRefreshed);
 }
 
 void WritingSession::reloadFromDisk() {

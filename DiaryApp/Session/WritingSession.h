@@ -70,6 +70,9 @@ public:
     // Moves to a year of the day in view, in one-year mode. False as above.
     bool pickYear(int year, Focus focus);
     void setAllYears(bool isOn);
+    // Makes another year the one in view without leaving the view of all years, where nothing is
+    // edited; outside of that view nothing happens. False as above.
+    bool viewYearAmongAll(int year);
     void toggleSourceView();
 
     void goPreviousDay() { open(m_monthDay.advanced(-1), Focus::Editor); }
@@ -114,6 +117,7 @@ private:
     void keepAbandonedDrafts();
     void rememberDraft();
     void loadDay();
+    void loadYear(int year);
     void loadDraft();
     void resolveConflicts();
     [[nodiscard]] QString textToSave(const std::optional<diary::dayfile::Content>& existing,

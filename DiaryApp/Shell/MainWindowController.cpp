@@ -5,13 +5,13 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 
-#include "DiaryApp/Chrome/AlertSheet.h"
 #include "DiaryApp/Chrome/MainMenuBuilder.h"
 #include "DiaryApp/Chrome/Notices.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/Chrome/TopBarView.h"
 #include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/EntryView.h"
+#include "DiaryApp/Shell/EditCommands.h"
 #include "DiaryApp/Shell/MainWindow.h"
 #include "DiaryKit/Files/UserFolders.h"
 #include "DiaryKit/Foundation/TextSets.h"
@@ -39,6 +39,7 @@ MainWindowController::MainWindowController(Settings& settings,
     environment.recoveryFolder = diary::userStateFolder() + QLatin1String("/recovery/") +
                                  m_store->keptTexts().folder().section(u'/', -1);
     m_session = std::make_unique<WritingSession>(*m_store, sessionView(), environment);
+    m_alerts = std::make_unique<SessionAlerts>(*m_window, *m_session);
     m_window->setMenuBar(
         MainMenuBuilder::build(m_window.get(), [this](Action action) { perform(action); }));
     wire();
@@ -70,10 +71,10 @@ SessionView MainWindowController::sessionView() {
     view.setEditable = [this](bool isOn) { m_window->entryView()->setEditable(isOn); };
     view.commitComposition = [this] { commitComposition(); };
     view.isComposing = [this] { return m_window->entryView()->editor()->isComposing(); };
-    view.flash = [this](SessionNotice notice) { flash(notice); };
-    view.showSaveError = [this](const diary::FileError& error) { showSaveError(error); };
-    view.offerKeptDraft = [this](const diary::KeptText& kept) { offerKeptDraft(kept); };
-    view.withdrawKeptDraft = [this] { withdrawKeptDraft(); };
+    view.flash = [this](SessionNotice notice) { m_alerts->flash(notice); };
+    view.showSaveError = [this](const diary::FileError& error) { m_alerts->showSaveError(error); };
+    view.offerKeptDraft = [this](const diary::KeptText& kept) { m_alerts->offerKeptDraft(kept); };
+    view.withdrawKeptDraft = [this] { m_alerts->withdrawKeptDraft(); };
     return view;
 }
 
@@ -88,8 +89,8 @@ void MainWindowController::wire() {
             const bool isOn = format && editor->isVisible() && editor->canFormat();
             return MainMenuBuilder::ItemState{isOn, isOn && isChecked(*format, editor->context())};
         });
-    m_window->topBar()->onToday = [this] { perform(Action::Today); };
     m_window->topBar()->onRandom = [this] { perform(Action::RandomDay); };
+    m_window->topBar()->onToggleSource = [this] { perform(Action::ToggleSource); };
     m_window->onClosing = [this] { return mayClose(); };
     m_window->onClosed = [this] { closeWindow(); };
 }
@@ -111,22 +112,21 @@ void MainWindowController::perform(Action action) {
             m_session->flushSaveIfDirty();
             break;
         case Action::Undo:
-            editor->undo();
-            break;
         case Action::Redo:
-            editor->redo();
-            break;
         case Action::Cut:
-            editor->cut();
-            break;
         case Action::Copy:
-            editor->copy();
-            break;
         case Action::Paste:
-            editor->paste();
-            break;
         case Action::SelectAll:
-            editor->selectAll();
+            editcommands::perform(action, QApplication::focusWidget(), editor);
+            break;
+        case Action::OneYear:
+            m_session->setAllYears(false);
+            break;
+        case Action::AllYears:
+            m_session->setAllYears(true);
+            break;
+        case Action::ToggleSource:
+            m_session->toggleSourceView();
             break;
         case Action::PreviousDay:
             m_session->goPreviousDay();
@@ -140,6 +140,7 @@ void MainWindowController::perform(Action action) {
         case Action::RandomDay:
             if (!m_session->goToRandomDay()) QApplication::beep();
             break;
+        case Action::Hide:
         case Action::Minimize:
             m_window->showMinimized();
             break;
@@ -158,7 +159,7 @@ void MainWindowController::renderTopBar() {
         m_session->viewedYear() == currentYear ? m_session->draft() : m_session->body(currentYear);
     const auto past = static_cast<int>(m_session->pastEntries().size());
     const bool hasCurrent = !diary::text::trimmedOfBlanks(currentBody).isEmpty();
-    m_window->topBar()->update(fileName, past + (hasCurrent ? 1 : 0));
+    m_window->topBar()->update({fileName, past + (hasCurrent ? 1 : 0), m_session->showSource()});
     m_window->setWindowTitle(fileName + QLatin1String("[*]"));
 }
 
@@ -181,66 +182,15 @@ void MainWindowController::renderStatus() {
                                   notices::viewing(m_session->viewedYear(), characters));
 }
 
-void MainWindowController::flash(SessionNotice notice) {
-    const QString day = m_session->currentMonthDay().headerTitle();
-    const int year = m_session->viewedYear();
-    const auto kept = [&](diary::KeptReason reason, std::optional<int> ofYear) {
-        return notices::kept(reason, day, ofYear);
-    };
-    QString text;
-    switch (notice) {
-        case SessionNotice::MergedRemote:
-            text = notices::mergedRemote();
-            break;
-        case SessionNotice::KeptOverwritten:
-            text = kept(diary::KeptReason::Overwritten, year);
-            break;
-        case SessionNotice::KeptUndecodable:
-            text = kept(diary::KeptReason::Undecodable, {});
-            break;
-        case SessionNotice::KeptDraft:
-            text = kept(diary::KeptReason::UnsavedDraft, year);
-            break;
-        case SessionNotice::KeptMerge:
-            text = kept(diary::KeptReason::UnsavedMerge, {});
-            break;
-        case SessionNotice::CannotLeave:
-            text = notices::cannotLeave(day);
-            break;
-    }
-    m_window->statusBar()->flash(text);
-}
-
-void MainWindowController::showSaveError(const diary::FileError& error) {
-    m_isAlerting = true;
-    AlertSheet::show(m_window.get(),
-                     notices::saveFailedTitle(m_session->currentMonthDay().fileName()),
-                     notices::saveFailedText(error), [this] {
-                         m_isAlerting = false;
-                         if (m_closesAfterAlert) m_window->close();
-                     });
-}
-
-void MainWindowController::offerKeptDraft(const diary::KeptText& kept) {
-    m_isOfferPinned = true;
-    m_window->statusBar()->pin(
-        notices::keptDraftOffer(m_session->currentMonthDay().headerTitle(), kept.year),
-        notices::putBack(), [this, kept] { m_session->putBack(kept); });
-}
-
-// The bar may hold another notice by then, which isn't this one's to take down.
-void MainWindowController::withdrawKeptDraft() {
-    if (std::exchange(m_isOfferPinned, false)) m_window->statusBar()->unpin();
-}
-
 // A failed save can't keep the window open, but its first alert is read before it closes.
 bool MainWindowController::mayClose() {
     commitComposition();
     m_session->flushSaveIfDirty();
-    m_closesAfterAlert = m_isAlerting;
+    if (!m_alerts->isAlerting()) return true;
     // Whoever ends the session may not wait for the alert.
-    if (m_isAlerting) m_session->keepUnsavedDraft();
-    return !m_isAlerting;
+    m_session->keepUnsavedDraft();
+    m_alerts->whenRead([this] { m_window->close(); });
+    return false;
 }
 
 void MainWindowController::commitComposition() const {

@@ -8,6 +8,7 @@
 #include "DiaryApp/Chrome/MenuTable.h"
 #include "DiaryApp/Session/WritingSession.h"
 #include "DiaryApp/Settings/Settings.h"
+#include "DiaryApp/Shell/SessionAlerts.h"
 #include "DiaryKit/Files/VaultObserver.h"
 
 namespace velmar {
@@ -44,10 +45,6 @@ private:
     void renderTopBar();
     void renderEntry();
     void renderStatus();
-    void flash(SessionNotice notice);
-    void showSaveError(const diary::FileError& error);
-    void offerKeptDraft(const diary::KeptText& kept);
-    void withdrawKeptDraft();
     void commitComposition() const;
     void closeWindow();
     [[nodiscard]] bool mayClose();
@@ -56,11 +53,8 @@ private:
     std::unique_ptr<diary::DiaryStore> m_store;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<WritingSession> m_session;
+    std::unique_ptr<SessionAlerts> m_alerts;
     std::unique_ptr<diary::VaultObserver> m_observer;
-    // An alert about a failed save is open; closing waits for it.
-    bool m_isAlerting = false;
-    bool m_closesAfterAlert = false;
-    bool m_isOfferPinned = false;
 };
 
 }  // namespace velmar

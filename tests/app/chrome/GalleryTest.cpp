@@ -94,7 +94,7 @@ protected:
         EntryState state = GetParam().state;
         state.language = localization::installedLanguage();
         const EntryModel model = entryModel(state);
-        top->update(model.fileName, static_cast<int>(state.pastEntries.size()));
+        top->update({model.fileName, static_cast<int>(state.pastEntries.size()), false});
         entry->update(model);
         status->update(QStringLiteral("/home/me/Documents/Diary/") + model.fileName,
                        notices::viewing(state.viewedYear, static_cast<int>(state.draft.size())));

@@ -40,9 +40,10 @@ protected:
 };
 
 TEST_F(MenuTest, HasTheMenusInTheirOrder) {
-    EXPECT_THAT(titles(), ElementsAre(QStringLiteral("Diary"), QStringLiteral("File"),
-                                      QStringLiteral("Edit"), QStringLiteral("Format"),
-                                      QStringLiteral("Navigate"), QStringLiteral("Window")));
+    EXPECT_THAT(titles(),
+                ElementsAre(QStringLiteral("Diary"), QStringLiteral("File"), QStringLiteral("Edit"),
+                            QStringLiteral("Format"), QStringLiteral("View"),
+                            QStringLiteral("Navigate"), QStringLiteral("Window")));
     EXPECT_EQ(MainMenuBuilder::item(bar, Action::Quit)->text(), QStringLiteral("Quit Velmar"));
 }
 
@@ -69,15 +70,23 @@ TEST_F(MenuTest, NoKeyHasTwoCommands) {
 }
 
 TEST_F(MenuTest, SeparatorsFallBehindTheirItems) {
+    const std::set<Action> lasts = {Action::CheckForUpdates,
+                                    Action::Settings,
+                                    Action::Hide,
+                                    Action::Close,
+                                    Action::Save,
+                                    Action::Export,
+                                    Action::Redo,
+                                    Action::SelectAll,
+                                    Action::Link,
+                                    Action::BodyText,
+                                    Action::CheckToDo};
     for (const QAction* each : bar->actions()) {
-        const QMenu* menu = each->menu();
-        const auto items = menu->actions();
+        const auto items = each->menu()->actions();
         for (int i = 0; i + 1 < items.size(); ++i) {
-            const bool expected = items[i] == MainMenuBuilder::item(bar, Action::Close) ||
-                                  items[i] == MainMenuBuilder::item(bar, Action::Redo) ||
-                                  items[i] == MainMenuBuilder::item(bar, Action::Link) ||
-                                  items[i] == MainMenuBuilder::item(bar, Action::BodyText) ||
-                                  items[i] == MainMenuBuilder::item(bar, Action::CheckToDo);
+            const bool expected = std::ranges::any_of(lasts, [&](Action action) {
+                return items[i] == MainMenuBuilder::item(bar, action);
+            });
             if (!items[i]->isSeparator()) {
                 EXPECT_EQ(items[i + 1]->isSeparator(), expected);
             }
@@ -87,10 +96,67 @@ TEST_F(MenuTest, SeparatorsFallBehindTheirItems) {
     }
 }
 
+// The whole table, as a user finds it: titles and keys in their order.
+TEST_F(MenuTest, HasEveryCommandWithItsKey) {
+    QStringList found;
+    for (const MenuRow& row : menuTable()) {
+        QAction* item = MainMenuBuilder::item(bar, row.action);
+        QString line = item->text();
+        for (const QKeySequence& key : item->shortcuts()) line += u' ' + key.toString();
+        found.append(line);
+    }
+    EXPECT_EQ(found.join(u'\n'), QStringLiteral("About Velmar\n"
+                                                "Check for Updates…\n"
+                                                "Settings… Ctrl+,\n"
+                                                "Hide Velmar Ctrl+H\n"
+                                                "Quit Velmar Ctrl+Q\n"
+                                                "Close Ctrl+W\n"
+                                                "Save Ctrl+S\n"
+                                                "Import… Ctrl+Shift+I\n"
+                                                "Import Records…\n"
+                                                "Export… Ctrl+Shift+E\n"
+                                                "Show in Files\n"
+                                                "Undo Ctrl+Z\n"
+                                                "Redo Ctrl+Shift+Z\n"
+                                                "Cut Ctrl+X\n"
+                                                "Copy Ctrl+C\n"
+                                                "Paste Ctrl+V\n"
+                                                "Select All Ctrl+A\n"
+                                                "Find… Ctrl+F\n"
+                                                "Find Next Ctrl+G F3\n"
+                                                "Find Previous Ctrl+Shift+G Shift+F3\n"
+                                                "Bold Ctrl+B\n"
+                                                "Italic Ctrl+I\n"
+                                                "Strikethrough Ctrl+Shift+X\n"
+                                                "Inline Code Ctrl+E\n"
+                                                "Link Ctrl+K\n"
+                                                "Heading 1 Ctrl+Alt+1\n"
+                                                "Heading 2 Ctrl+Alt+2\n"
+                                                "Heading 3 Ctrl+Alt+3\n"
+                                                "Body Text Ctrl+Alt+0\n"
+                                                "Bulleted List Ctrl+Alt+U\n"
+                                                "Numbered List Ctrl+Alt+O\n"
+                                                "To-Do Ctrl+Alt+X\n"
+                                                "Quote Ctrl+Alt+Q\n"
+                                                "Check To-Do Ctrl+Return\n"
+                                                "Indent Ctrl+]\n"
+                                                "Outdent Ctrl+[\n"
+                                                "One Year Ctrl+1\n"
+                                                "All Years Ctrl+2\n"
+                                                "Toggle Source Ctrl+U\n"
+                                                "Previous Day Alt+Left Ctrl+Left\n"
+                                                "Next Day Alt+Right Ctrl+Right\n"
+                                                "Today Ctrl+T\n"
+                                                "Random Day Ctrl+R\n"
+                                                "Year Calendar Ctrl+Y\n"
+                                                "Minimize Ctrl+M\n"
+                                                "Zoom"));
+}
+
 TEST_F(MenuTest, TextsFollowTheLanguage) {
     localization::install(Language::zhHans);
     MainMenuBuilder::retranslate(bar);
-    EXPECT_EQ(titles().join(u' '), QStringLiteral("日记 文件 编辑 格式 前往 窗口"));
+    EXPECT_EQ(titles().join(u' '), QStringLiteral("日记 文件 编辑 格式 显示 前往 窗口"));
     EXPECT_EQ(MainMenuBuilder::item(bar, Action::Quit)->text(), QStringLiteral("退出 Velmar"));
     localization::install(Language::en);
 }

@@ -22,6 +22,7 @@ struct Told {
     int focused = 0;
     int scrolled = 0;
     int highlightsCleared = 0;
+    int remoteRefreshes = 0;
     bool isEdited = false;
     bool isEditable = true;
     bool isComposing = false;
@@ -63,6 +64,7 @@ protected:
         callbacks.scrollToTop = [this] { ++told.scrolled; };
         callbacks.focusEditor = [this] { ++told.focused; };
         callbacks.clearSearchHighlights = [this] { ++told.highlightsCleared; };
+        callbacks.remoteRefreshed = [this] { ++told.remoteRefreshes; };
         callbacks.setEdited = [this](bool isEdited) { told.isEdited = isEdited; };
         callbacks.setEditable = [this](bool isEditable) { told.isEditable = isEditable; };
         callbacks.commitComposition = [this] {

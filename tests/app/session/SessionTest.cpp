@@ -320,6 +320,50 @@ TEST_F(Session, ShowsSourceOrAllYearsButNeverBoth) {
     EXPECT_FALSE(session->showAllYears());
 }
 
+TEST_F(Session, TheRailLearnsThatTheSourceTookThePlaceOfAllYears) {
+    session->open(today, Focus::Editor);
+    session->setAllYears(true);
+    told.renders.clear();
+    session->toggleSourceView();
+    EXPECT_THAT(told.renders, ElementsAre(QStringLiteral("entry"), QStringLiteral("topBar"),
+                                          QStringLiteral("rail")));
+}
+
+TEST_F(Session, LooksAtAnotherYearWithoutLeavingTheViewOfAll) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nold\n");
+    session->open(today, Focus::Editor);
+    EXPECT_TRUE(session->viewYearAmongAll(2020));
+    EXPECT_EQ(session->viewedYear(), 2026) << "outside of the view of all years";
+    session->setAllYears(true);
+    told.renders.clear();
+    EXPECT_TRUE(session->viewYearAmongAll(2020));
+    EXPECT_EQ(session->viewedYear(), 2020);
+    EXPECT_EQ(session->draft(), u"old");
+    EXPECT_TRUE(session->showAllYears());
+    EXPECT_THAT(told.renders, ElementsAre(QStringLiteral("status")));
+}
+
+TEST_F(Session, KeepsADraftThatCannotBeSavedBeforeAnotherYearAmongAllIsViewed) {
+    session->open(today, Focus::Editor);
+    blockFile(today);
+    session->draftChanged(QStringLiteral("unsaved"));
+    session->setAllYears(true);
+    ASSERT_TRUE(session->isDirty());
+    EXPECT_TRUE(session->viewYearAmongAll(2020));
+    EXPECT_THAT(kept(diary::KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("unsaved")));
+    EXPECT_FALSE(session->isDirty());
+}
+
+TEST_F(Session, TellsOfEachLookAtTheFolder) {
+    session->open(today, Focus::Editor);
+    session->performRemoteRefresh();
+    EXPECT_EQ(told.remoteRefreshes, 1);
+    writeRemotely(2026, u"from elsewhere");
+    session->performRemoteRefresh();
+    EXPECT_EQ(told.remoteRefreshes, 2);
+    EXPECT_EQ(session->draft(), u"from elsewhere");
+}
+
 TEST_F(Session, WritesAFenceThatIsLeftOpenWithItsEnd) {
     vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\na\n\n## 2027\n\nlater\n");
     session->open(today, Focus::Editor);
