@@ -18,10 +18,15 @@ constexpr qsizetype kUnitsWithoutMatch = 50;
 
 constexpr QChar kEllipsis = u'…';
 
+bool isInsidePair(QStringView text, qsizetype at) {
+    return at > 0 && at < text.size() && text[at].isLowSurrogate() &&
+           text[at - 1].isHighSurrogate();
+}
+
 // The bounds of characters (grapheme clusters) in one text, which must outlive it.
 class Characters {
 public:
-    explicit Characters(QStringView text) : m_size(text.size()) {
+    explicit Characters(QStringView text) : m_text(text) {
         UErrorCode status = U_ZERO_ERROR;
         utext_openUChars(&m_units, text.utf16(), text.size(), &status);
         iterator().setText(&m_units, status);
@@ -33,13 +38,14 @@ public:
     // Where the character begins that holds the unit at `at`.
     [[nodiscard]] qsizetype startOf(qsizetype at) {
         if (at <= 0) return 0;
-        const int32_t position = static_cast<int32_t>(at);
+        // From within a surrogate pair the iterator would go back one character too far.
+        const auto position = static_cast<int32_t>(isInsidePair(m_text, at) ? at - 1 : at);
         return iterator().isBoundary(position) ? position : iterator().preceding(position);
     }
 
     // Where the character ends that holds the unit at `at`.
     [[nodiscard]] qsizetype endOf(qsizetype at) {
-        if (at + 1 >= m_size) return m_size;
+        if (at + 1 >= m_text.size()) return m_text.size();
         return iterator().following(static_cast<int32_t>(at));
     }
 
@@ -55,7 +61,7 @@ private:
     }
 
     UText m_units = UTEXT_INITIALIZER;
-    qsizetype m_size;
+    QStringView m_text;
 };
 
 QString beginning(const QString& line) {
