@@ -291,6 +291,18 @@ void DiaryStore::warmEvictedFiles() const {
     });
 }
 
+SearchResult DiaryStore::search(const SearchQuery& query, int limit) {
+    if (query.isEmpty()) return SearchResult::empty;
+    DaySearch search = searchDays(m_root, knownFiles(), query, limit, m_downloads);
+    m_awaitingDownload.merge(search.pending);
+    return std::move(search.result);
+}
+
+SearchResult DiaryStore::search(const QString& rootURL, const SearchQuery& query, int limit,
+                                const DownloadService& downloads) {
+    return searchVault(rootURL, query, limit, downloads);
+}
+
 std::optional<YearCacheEntry> DiaryStore::cachedYears(const MonthDay& day) const {
     const auto found = m_yearCache.constFind(day);
     return found == m_yearCache.constEnd() ? std::nullopt : std::optional(*found);

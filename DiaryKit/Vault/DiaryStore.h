@@ -14,6 +14,7 @@
 #include "DiaryKit/Files/FileStamp.h"
 #include "DiaryKit/Files/KeptTexts.h"
 #include "DiaryKit/Foundation/Clock.h"
+#include "DiaryKit/Search/VaultSearch.h"
 #include "DiaryKit/Vault/ArchiveSnapshot.h"
 #include "DiaryKit/Vault/DayFile.h"
 #include "DiaryKit/Vault/MonthDay.h"
@@ -97,6 +98,16 @@ public:
 
     // Asks in the background for the download of every day file that isn't here.
     void warmEvictedFiles() const;
+
+    // The most hits that a search gives.
+    static constexpr int searchLimit = 500;
+
+    // searchDays() over the files that the store knows of; notes which are awaiting their download.
+    [[nodiscard]] SearchResult search(const SearchQuery& query, int limit = searchLimit);
+
+    // searchVault(): for background work, on any thread.
+    [[nodiscard]] static SearchResult search(const QString& rootURL, const SearchQuery& query,
+                                             int limit, const DownloadService& downloads);
 
     // For tests: what is known of a day's file.
     [[nodiscard]] std::optional<YearCacheEntry> cachedYears(const MonthDay& day) const;

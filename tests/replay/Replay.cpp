@@ -19,6 +19,7 @@ const Table& functions() {
         addVaultFunctions(all);
         addAppearanceFunctions(all);
         addMarkdownFunctions(all);
+        addSearchFunctions(all);
         return all;
     }();
     return table;
