@@ -45,8 +45,9 @@ double commonness(unsigned char byte) {
     return byte == 0xC3 || byte == 0xD0 || byte == 0xD1 || byte == 0xE2 ? 30 : 1;
 }
 
+// Not by QString::fromUcs4(), which takes U+FEFF for a mark of byte order.
 QByteArray encoded(char32_t codePoint) {
-    return QString::fromUcs4(&codePoint, 1).toUtf8();
+    return QStringView(QChar::fromUcs4(codePoint)).toUtf8();
 }
 
 // All code points that fold to this one, itself among them.
@@ -145,6 +146,7 @@ bool ByteNeedle::isAmong(const char* from, const char* to) const {
 
 bool ByteNeedle::mayOccurIn(QByteArrayView bytes) const {
     if (m_isUnknowable) return true;
+    if (m_characters.empty()) return false;
     // Where the term may begin.
     const char* place = bytes.data();
     const char* const end = place + std::max<qsizetype>(bytes.size() - m_size + 1, 0);

@@ -12,7 +12,7 @@ namespace diary {
 
 class ByteNeedle {
 public:
-    // For a term whose code points are folded (casefolding::folded).
+    // For a term whose code points are folded (casefolding::folded). An empty one never occurs.
     explicit ByteNeedle(QStringView foldedTerm);
 
     // Never false where the bytes, decoded with repair, hold the term in whatever case. May be
