@@ -24,8 +24,9 @@ Block loaded(const char* at) {
     return block;
 }
 
-bool hasAny(const Block& flags) {
-    const auto words = reinterpret_cast<const Words&>(flags);
+bool hasAny(Block flags) {
+    Words words;
+    std::memcpy(&words, &flags, sizeof words);
     return (words[0] | words[1]) != 0;
 }
 
