@@ -109,6 +109,9 @@ public:
     [[nodiscard]] static SearchResult search(const QString& rootURL, const SearchQuery& query,
                                              int limit, const DownloadService& downloads);
 
+    // The days that were found to be awaiting their download when they were last looked at.
+    [[nodiscard]] const std::set<MonthDay>& awaitingDownload() const { return m_awaitingDownload; }
+
     // For tests: what is known of a day's file.
     [[nodiscard]] std::optional<YearCacheEntry> cachedYears(const MonthDay& day) const;
 

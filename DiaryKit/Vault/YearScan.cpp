@@ -49,14 +49,12 @@ bool mayBeSpecial(char first) {
     return first == '#' || first == '`' || first == ' ';
 }
 
-}  // namespace
-
-std::set<int> yearsWithContent(QByteArrayView bytes) {
-    std::set<int> years;
+// Calls `visit(line, stop, next, year)` for each line: its bytes, where the next one begins, and
+// the year that it is the header of, or -1.
+template <typename Visit>
+void forEachLine(QByteArrayView bytes, Visit visit) {
     const char* const text = bytes.data();
     const char* const end = text + bytes.size();
-    int openYear = -1;
-    bool openHasContent = false;
     bool isFenced = false;
     for (const char* line = text; line < end;) {
         const char* stop = lineEnd(line, end, text);
@@ -69,6 +67,19 @@ std::set<int> yearsWithContent(QByteArrayView bytes) {
                 year = yearheader::year(line, length);
             }
         }
+        const char* const next = stop < end ? stop + 1 : end;
+        visit(line, stop, next, year);
+        line = next;
+    }
+}
+
+}  // namespace
+
+std::set<int> yearsWithContent(QByteArrayView bytes) {
+    std::set<int> years;
+    int openYear = -1;
+    bool openHasContent = false;
+    forEachLine(bytes, [&](const char* line, const char* stop, const char*, int year) {
         if (year >= 0) {
             openYear = year;
             openHasContent = false;
@@ -76,9 +87,19 @@ std::set<int> yearsWithContent(QByteArrayView bytes) {
             openHasContent = true;
             years.insert(openYear);
         }
-        line = stop < end ? stop + 1 : end;
-    }
+    });
     return years;
+}
+
+std::vector<ByteSection> byteSections(QByteArrayView bytes) {
+    std::vector<ByteSection> found;
+    const char* const end = bytes.data() + bytes.size();
+    forEachLine(bytes, [&](const char* line, const char*, const char* next, int year) {
+        if (year < 0) return;
+        if (!found.empty()) found.back().body = {found.back().body.data(), line};
+        found.push_back({year, {next, end}});
+    });
+    return found;
 }
 
 }  // namespace diary

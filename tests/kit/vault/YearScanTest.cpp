@@ -33,5 +33,34 @@ TEST(YearScan, GivesWhatTheParserGivesOnHostileTexts) {
     }
 }
 
+std::vector<YearSectionParser::YearBody> decodedSections(const QByteArray& bytes) {
+    std::vector<YearSectionParser::YearBody> decoded;
+    for (const ByteSection& section : byteSections(bytes)) {
+        decoded.push_back({section.year, utf8::decodedWithRepair(section.body)});
+    }
+    return decoded;
+}
+
+std::vector<YearSectionParser::YearBody> textSections(const QString& text) {
+    std::vector<YearSectionParser::YearBody> bodies;
+    for (const YearSectionParser::Section& section : YearSectionParser::sections(text)) {
+        bodies.push_back(
+            {section.year, text.sliced(section.bodyRange.location, section.bodyRange.length)});
+    }
+    return bodies;
+}
+
+TEST(ByteSections, AreTheParsersOnHostileTexts) {
+    test::HostileText hostile(8);
+    for (int round = 0; round < 20000; ++round) {
+        QByteArray bytes = hostile.text(14).toUtf8();
+        if (round % 5 == 0 && !bytes.isEmpty()) bytes.chop(1);  // Cut inside a sequence.
+        // A sequence cut short right ahead of a line end is where a body may end.
+        if (round % 3 == 0) bytes.replace("\n## ", "\xE3\x81\n## ");
+        ASSERT_EQ(decodedSections(bytes), textSections(utf8::decodedWithRepair(bytes)))
+            << bytes.toPercentEncoding().constData();
+    }
+}
+
 }  // namespace
 }  // namespace diary
