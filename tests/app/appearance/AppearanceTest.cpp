@@ -108,6 +108,23 @@ TEST_F(AppearanceTest, AnUninstalledBodyFontIsPassedOver) {
     EXPECT_EQ(fonts::body(chosen, 16.5).families().first(), QStringLiteral("IBM Plex Mono"));
 }
 
+TEST_F(AppearanceTest, TheBodyFontFallsBackInAFixedOrder) {
+    const auto family = [](const QStringList& installed, const std::optional<QString>& chosen) {
+        return fonts::bodyFamily(chosen,
+                                 [&](const QString& name) { return installed.contains(name); });
+    };
+    const QString charter = QStringLiteral("Charter");
+    const QString pingFang = QStringLiteral("PingFang SC");
+    const QString songti = QStringLiteral("Songti SC");
+    const QString ours = QStringLiteral("Source Serif 4");
+    EXPECT_EQ(family({songti, pingFang, charter}, charter), charter);
+    EXPECT_EQ(family({songti, pingFang}, charter), pingFang);
+    EXPECT_EQ(family({songti, pingFang}, std::nullopt), pingFang);
+    EXPECT_EQ(family({songti}, std::nullopt), songti);
+    EXPECT_EQ(family({}, charter), ours);
+    EXPECT_EQ(family({QString()}, QString()), ours);
+}
+
 TEST_F(AppearanceTest, CjkShapesFollowTheLanguage) {
     fonts::setLanguage(Language::ja);
     EXPECT_EQ(fonts::serif(16).families().last(), QStringLiteral("Noto Serif CJK JP"));
