@@ -85,6 +85,10 @@ bool systemIsDark() {
     return systemLook().isDark;
 }
 
+void setSystemIsDark(bool isDark) {
+    systemLook().isDark = isDark;
+}
+
 int caretFlashTime() {
     return systemLook().caretFlashTime;
 }

@@ -16,8 +16,12 @@ void prepare();
 // Puts the palette in force and repaints everything. True if it is another one than before.
 bool apply(const Settings& settings);
 
-// Whether the desktop asks for a dark look.
+// Whether the desktop asks for a dark look: as setSystemIsDark() was told last, and before that by
+// the colours that the desktop gave at prepare().
 [[nodiscard]] bool systemIsDark();
+
+// What the desktop itself says. Counts from the next apply() on.
+void setSystemIsDark(bool isDark);
 
 // The time of one blink of a caret as the desktop has it, on and off, in milliseconds; 0 where
 // carets don't blink. Known after prepare().

@@ -1,11 +1,13 @@
-// The buttons of the interface: one class, whose look follows its kind. All of them paint their
-// hover, their press and a focus ring (after the keyboard moved the focus) from the theme.
+// The buttons of the interface: one class, whose look follows its kind and size (ButtonLook.h). All
+// of them paint their hover, their press and a focus ring (after the keyboard moved the focus) from
+// the theme. Space and Return press them.
 #pragma once
 
-#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QAbstractButton>
 
-class QFocusFrame;
+#include "DiaryApp/Appearance/ButtonLook.h"
+#include "DiaryApp/Appearance/FocusRing.h"
+#include "DiaryApp/Appearance/HoverFade.h"
 
 namespace velmar {
 
@@ -13,17 +15,13 @@ class Button : public QAbstractButton {
     Q_OBJECT
 
 public:
-    enum class Kind {
-        // No box at rest: the bars' buttons.
-        Quiet,
-        // A box with a line.
-        Plain,
-        // The one that acts; at most one on a sheet.
-        Filled,
-    };
+    using Kind = ButtonKind;
+    using Size = ButtonSize;
 
+    // Quiet buttons begin in the bars' size, links in a line's, and others in the regular one.
     explicit Button(Kind kind, QWidget* parent = nullptr);
 
+    void setButtonSize(Size size);
     // The icon ahead of the text, or alone where there is no text; empty for none.
     void setIconName(const QString& name);
     // The tooltip's text, with the shortcut behind it if there is one.
@@ -39,25 +37,16 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    struct Colors {
-        QColor fill;
-        QColor line;
-        QColor text;
-        QColor icon;
-    };
-    [[nodiscard]] Colors colors() const;
-    [[nodiscard]] Colors restColors() const;
-    [[nodiscard]] Colors hoverColors() const;
-    [[nodiscard]] Colors pressedColors() const;
-    [[nodiscard]] Colors disabledColors() const;
+    [[nodiscard]] ButtonColors colors() const;
     [[nodiscard]] QFont labelFont() const;
-    void paintLabel(QPainter& painter, const Colors& colors) const;
-    void fadeHover(bool isOver);
+    [[nodiscard]] double labelWidth() const;
+    void paintLabel(QPainter& painter, const ButtonColors& colors) const;
 
     Kind m_kind;
+    Size m_size;
     QString m_iconName;
-    QVariantAnimation m_hover;
-    QFocusFrame* m_ring = nullptr;
+    HoverFade m_hover;
+    FocusRing m_ring;
 };
 
 }  // namespace velmar

@@ -3,8 +3,6 @@
 #include <QtGui/QFocusEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QFocusFrame>
-#include <QtWidgets/QStyle>
 #include <cmath>
 
 #include "DiaryApp/Appearance/Fonts.h"
@@ -20,20 +18,15 @@ constexpr double kRadius = Chip::chipHeight / 2.0;
 constexpr double kIconMargin = 2;
 constexpr double kLeadingIcon = 14;
 constexpr double kTrailingIcon = 12;
-constexpr int kHoverMilliseconds = 90;
 
 }  // namespace
 
-Chip::Chip(Size size, QWidget* parent) : QAbstractButton(parent), m_size(size) {
+Chip::Chip(Size size, QWidget* parent)
+    : QAbstractButton(parent), m_size(size), m_hover(this), m_ring(this, kRadius) {
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    m_hover.setStartValue(0.0);
-    m_hover.setEndValue(1.0);
-    m_hover.setDuration(kHoverMilliseconds);
-    m_hover.setEasingCurve(QEasingCurve::OutQuad);
-    connect(&m_hover, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
 }
 
 void Chip::setIconName(const QString& name, IconPlace place) {
@@ -66,19 +59,9 @@ QSize Chip::sizeHint() const {
 }
 
 bool Chip::event(QEvent* event) {
-    if (event->type() == QEvent::HoverEnter) fadeHover(true);
-    if (event->type() == QEvent::HoverLeave) fadeHover(false);
+    if (event->type() == QEvent::HoverEnter) m_hover.setOver(true);
+    if (event->type() == QEvent::HoverLeave) m_hover.setOver(false);
     return QAbstractButton::event(event);
-}
-
-void Chip::fadeHover(bool isOver) {
-    m_hover.setDirection(isOver ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    const bool isAnimated = style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
-    if (isAnimated && isVisible()) {
-        if (m_hover.state() != QAbstractAnimation::Running) m_hover.start();
-    } else {
-        m_hover.setCurrentTime(isOver ? kHoverMilliseconds : 0);
-    }
 }
 
 Chip::Colors Chip::restColors() const {
@@ -98,7 +81,7 @@ Chip::Colors Chip::colors() const {
     if (isDown()) {
         return {color(Token::HoverBg), color(Token::CardBorderHover), color(Token::InkMed)};
     }
-    const double share = m_hover.currentValue().toDouble();
+    const double share = m_hover.share();
     return {rest.fill, theme::mixed(rest.line, color(Token::CardBorderHover), share),
             theme::mixed(rest.text, color(Token::InkMed), share)};
 }
@@ -133,20 +116,16 @@ void Chip::paintContent(QPainter& painter, const QColor& color) const {
 
 void Chip::focusInEvent(QFocusEvent* event) {
     QAbstractButton::focusInEvent(event);
-    const bool byKeyboard = event->reason() == Qt::TabFocusReason ||
-                            event->reason() == Qt::BacktabFocusReason ||
-                            event->reason() == Qt::ShortcutFocusReason;
-    if (!byKeyboard) return;
-    if (m_ring == nullptr) m_ring = new QFocusFrame(this);
-    m_ring->setWidget(this);
+    m_ring.focusIn(event->reason());
 }
 
 void Chip::focusOutEvent(QFocusEvent* event) {
     QAbstractButton::focusOutEvent(event);
-    if (m_ring != nullptr) m_ring->setWidget(nullptr);
+    m_ring.focusOut(event->reason());
 }
 
 void Chip::keyPressEvent(QKeyEvent* event) {
+    m_ring.keyUsed();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
         return;

@@ -2,10 +2,10 @@
 // reports; whoever owns the choice sets it with setChecked(), so a chip never shows what isn't so.
 #pragma once
 
-#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QAbstractButton>
 
-class QFocusFrame;
+#include "DiaryApp/Appearance/FocusRing.h"
+#include "DiaryApp/Appearance/HoverFade.h"
 
 namespace velmar {
 
@@ -58,13 +58,12 @@ private:
     // Of text and icon together, without the padding.
     [[nodiscard]] double contentWidth() const;
     void paintContent(QPainter& painter, const QColor& color) const;
-    void fadeHover(bool isOver);
 
     Size m_size;
     QString m_iconName;
     IconPlace m_iconPlace = IconPlace::Leading;
-    QVariantAnimation m_hover;
-    QFocusFrame* m_ring = nullptr;
+    HoverFade m_hover;
+    FocusRing m_ring;
 };
 
 }  // namespace velmar

@@ -20,6 +20,10 @@ QList<int>& loadedFonts() {
     return ids;
 }
 
+QString serifFamily() {
+    return QStringLiteral("Source Serif 4");
+}
+
 QString cjk(const QString& kind) {
     const QLatin1String region(language() == Language::ja ? "JP" : "SC");
     return QStringLiteral("Noto %1 CJK %2").arg(kind, region);
@@ -54,18 +58,24 @@ void setLanguage(Language chosen) {
 }
 
 QFont body(const Settings& settings, double size) {
-    const QStringList preferred = {settings.bodyFontFamily().value_or(QString()),
-                                   QStringLiteral("PingFang SC"), QStringLiteral("Songti SC")};
+    const QString family = bodyFamily(settings.bodyFontFamily(), [](const QString& name) {
+        return QFontDatabase::hasFamily(name);
+    });
+    return make(family, cjk(QStringLiteral("Serif")), size, QFont::Normal);
+}
+
+QString bodyFamily(const std::optional<QString>& chosen,
+                   const std::function<bool(const QString&)>& isInstalled) {
+    const QStringList preferred = {chosen.value_or(QString()), QStringLiteral("PingFang SC"),
+                                   QStringLiteral("Songti SC")};
     for (const QString& family : preferred) {
-        if (!family.isEmpty() && QFontDatabase::hasFamily(family)) {
-            return make(family, cjk(QStringLiteral("Serif")), size, QFont::Normal);
-        }
+        if (!family.isEmpty() && isInstalled(family)) return family;
     }
-    return serif(size);
+    return serifFamily();
 }
 
 QFont serif(double size, QFont::Weight weight) {
-    return make(QStringLiteral("Source Serif 4"), cjk(QStringLiteral("Serif")), size, weight);
+    return make(serifFamily(), cjk(QStringLiteral("Serif")), size, weight);
 }
 
 QFont sans(double size, QFont::Weight weight) {

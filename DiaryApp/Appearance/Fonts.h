@@ -4,6 +4,7 @@
 
 #include <QtGui/QFont>
 #include <QtGui/QFontMetricsF>
+#include <functional>
 
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryApp/Settings/Settings.h"
@@ -20,6 +21,11 @@ void setLanguage(Language chosen);
 // The body of the diary: the user's choice if that family is there, else the first of the
 // preferred Chinese families that is installed, else the serif below.
 [[nodiscard]] QFont body(const Settings& settings, double size);
+
+// The family that the body is set in, by the same rule: chosen, "PingFang SC", "Songti SC", and the
+// serif that Velmar brings along, which is always there.
+[[nodiscard]] QString bodyFamily(const std::optional<QString>& chosen,
+                                 const std::function<bool(const QString&)>& isInstalled);
 
 // Titles and dates: Source Serif 4 (400, 600, 700).
 [[nodiscard]] QFont serif(double size, QFont::Weight weight = QFont::Normal);

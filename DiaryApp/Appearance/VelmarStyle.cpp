@@ -9,8 +9,9 @@
 #include <QtWidgets/QStyleOption>
 #include <cmath>
 
-#include "DiaryApp/Appearance/Chip.h"
+#include "DiaryApp/Appearance/FocusRing.h"
 #include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Appearance/Icons.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
 
@@ -26,12 +27,12 @@ constexpr int kMenuItemHeight = 28;
 constexpr int kMenuTextLeft = 28;
 constexpr int kMenuTextRight = 10;
 constexpr int kMenuKeyGap = 28;
+constexpr double kMenuCheckSize = 14;
 constexpr int kMenuSeparatorHeight = 11;
 constexpr int kMenuLeastWidth = 222;
 constexpr double kMenuRadius = 10;
 constexpr double kItemRadius = 6;
 constexpr int kRingReach = 4;
-constexpr double kRingRadius = 10;
 
 // "&Save" is shown as "Save"; the texts here have no marked letters, but a name may hold "&&".
 QString plain(const QString& text) {
@@ -90,6 +91,11 @@ void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter) {
     const bool isOver =
         item.state.testFlag(QStyle::State_Selected) && item.state.testFlag(QStyle::State_Enabled);
     if (isOver) fillRounded(painter, item.rect, kItemRadius, theme::color(Token::HoverBg));
+    if (item.checkType != QStyleOptionMenuItem::NotCheckable && item.checked) {
+        const double y = item.rect.top() + (item.rect.height() - kMenuCheckSize) / 2.0;
+        icons::paint(*painter, {item.rect.left() + 8.0, y, kMenuCheckSize, kMenuCheckSize},
+                     QStringLiteral("check"), theme::color(Token::Accent));
+    }
     drawMenuTexts(item, painter);
 }
 
@@ -105,11 +111,10 @@ void drawMenuPanel(const QStyleOption& option, QPainter* painter) {
     painter->restore();
 }
 
-// Two pixels wide, two pixels outside the box that has the focus, and round as that box is.
-void drawFocusRing(const QStyleOption& option, QPainter* painter, const QWidget* frame) {
-    const auto* ring = qobject_cast<const QFocusFrame*>(frame);
-    const bool isRound = ring != nullptr && qobject_cast<const Chip*>(ring->widget()) != nullptr;
-    const double radius = isRound ? option.rect.height() / 2.0 - 1 : kRingRadius;
+// Two pixels wide, two pixels outside the box that has the focus.
+void drawFocusRing(const QStyleOption& option, QPainter* painter, const QWidget* widget) {
+    const auto* frame = qobject_cast<const QFocusFrame*>(widget);
+    const double radius = FocusRing::cornerRadius(frame ? frame->widget() : nullptr) + 2;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(theme::color(Token::Accent, 0.55), 2));

@@ -51,6 +51,10 @@ QString VaultPlaces::containerVaultURL() const {
     return inHome(QStringLiteral("Library/Mobile Documents/iCloud~com~thesk77~velmar/Documents"));
 }
 
+bool VaultPlaces::hasCloudPlace() const {
+    return QDir(iCloudDriveRoot()).exists() || QDir(containerVaultURL()).exists();
+}
+
 bool VaultPlaces::needsOnboarding() const {
     if (m_settings.hasOnboarded() || m_settings.vaultPath()) return false;
     return QDir(iCloudDriveRoot()).exists() && !hasDiaryFiles(localVaultURL()) &&

@@ -35,6 +35,9 @@ public:
     [[nodiscard]] QString legacyICloudVaultURL() const;
     [[nodiscard]] QString containerVaultURL() const;
 
+    // Whether there is a cloud folder to offer: the drive's, or the application's own.
+    [[nodiscard]] bool hasCloudPlace() const;
+
     // Whether the user has to be asked for a place. Never true for someone with a diary.
     [[nodiscard]] bool needsOnboarding() const;
 

@@ -64,6 +64,33 @@ TEST_F(AppearanceTest, ApplyTellsWhetherSomethingChanged) {
     EXPECT_TRUE(theme::tokens().isDark());
 }
 
+TEST_F(AppearanceTest, FollowsWhatTheDesktopSaysInTheModeThatFollowsIt) {
+    const bool before = appearance::systemIsDark();
+    Settings chosen = settings();
+    chosen.setAppearanceMode(diary::AppearanceMode::system);
+    appearance::setSystemIsDark(false);
+    appearance::apply(chosen);
+    appearance::setSystemIsDark(true);
+    EXPECT_TRUE(appearance::systemIsDark());
+    EXPECT_TRUE(appearance::apply(chosen));
+    EXPECT_EQ(theme::tokens().palette(), Palette::ink);
+    EXPECT_FALSE(appearance::apply(chosen));
+    chosen.setAppearanceMode(diary::AppearanceMode::light);
+    EXPECT_TRUE(appearance::apply(chosen));
+    EXPECT_EQ(theme::tokens().palette(), Palette::paper);
+    appearance::setSystemIsDark(before);
+}
+
+TEST_F(AppearanceTest, FontsChangeWithTheSettingsAtOnce) {
+    Settings chosen = settings();
+    EXPECT_EQ(QFontInfo(fonts::body(chosen, 16.5)).family(), QStringLiteral("Source Serif 4"));
+    chosen.setBodyFontFamily(QStringLiteral("IBM Plex Mono"));
+    EXPECT_EQ(QFontInfo(fonts::body(chosen, 17.5)).family(), QStringLiteral("IBM Plex Mono"));
+    EXPECT_EQ(fonts::body(chosen, 17.5).pixelSize(), 18);
+    chosen.setBodyFontFamily(std::nullopt);
+    EXPECT_EQ(QFontInfo(fonts::body(chosen, 16.5)).family(), QStringLiteral("Source Serif 4"));
+}
+
 TEST_F(AppearanceTest, ColoursAreRoundedToTheNearestOfEightBits) {
     EXPECT_EQ(Tokens(Palette::paper)[Token::Accent].name(), QStringLiteral("#b4432b"));
     EXPECT_EQ(Tokens(Palette::paper)[Token::Paper].name(), QStringLiteral("#fbf7f0"));
@@ -106,6 +133,23 @@ TEST_F(AppearanceTest, AnUninstalledBodyFontIsPassedOver) {
     EXPECT_EQ(fonts::body(chosen, 16.5), fonts::body(settings(), 16.5));
     chosen.setBodyFontFamily(QStringLiteral("IBM Plex Mono"));
     EXPECT_EQ(fonts::body(chosen, 16.5).families().first(), QStringLiteral("IBM Plex Mono"));
+}
+
+TEST_F(AppearanceTest, TheBodyFontFallsBackInAFixedOrder) {
+    const auto family = [](const QStringList& installed, const std::optional<QString>& chosen) {
+        return fonts::bodyFamily(chosen,
+                                 [&](const QString& name) { return installed.contains(name); });
+    };
+    const QString charter = QStringLiteral("Charter");
+    const QString pingFang = QStringLiteral("PingFang SC");
+    const QString songti = QStringLiteral("Songti SC");
+    const QString ours = QStringLiteral("Source Serif 4");
+    EXPECT_EQ(family({songti, pingFang, charter}, charter), charter);
+    EXPECT_EQ(family({songti, pingFang}, charter), pingFang);
+    EXPECT_EQ(family({songti, pingFang}, std::nullopt), pingFang);
+    EXPECT_EQ(family({songti}, std::nullopt), songti);
+    EXPECT_EQ(family({}, charter), ours);
+    EXPECT_EQ(family({QString()}, QString()), ours);
 }
 
 TEST_F(AppearanceTest, CjkShapesFollowTheLanguage) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
 
@@ -53,6 +54,52 @@ TEST_F(AlertSheetTest, TabStaysOnTheSheet) {
     EXPECT_EQ(window.focusWidget(), sheet->button());
     QTest::keyClick(sheet->button(), Qt::Key_Tab);
     EXPECT_EQ(window.focusWidget(), sheet->button());
+}
+
+TEST_F(AlertSheetTest, PresentsItselfAsADialog) {
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(sheet)->role(), QAccessible::Dialog);
+    EXPECT_EQ(sheet->cancelButton(), nullptr);
+}
+
+class QuestionTest : public AlertSheetTest {
+protected:
+    QuestionTest() {
+        QTest::keyClick(sheet->button(), Qt::Key_Escape);
+        sheet = AlertSheet::ask(&window, QStringLiteral("Restore all?"), QStringLiteral("All."),
+                                {QStringLiteral("Restore"), QStringLiteral("Cancel")},
+                                [this] { ++confirmed; });
+    }
+
+    int confirmed = 0;
+};
+
+TEST_F(QuestionTest, OnlyTheActingButtonConfirms) {
+    EXPECT_EQ(window.focusWidget(), sheet->button());
+    EXPECT_LT(sheet->cancelButton()->x(), sheet->button()->x());
+    QTest::mouseClick(sheet->cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(confirmed, 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.isNull(); }));
+    EXPECT_EQ(window.focusWidget(), &field);
+}
+
+TEST_F(QuestionTest, ReturnConfirmsAndEscapeCancels) {
+    QTest::keyClick(sheet->button(), Qt::Key_Return);
+    EXPECT_EQ(confirmed, 1);
+    sheet = AlertSheet::ask(&window, QStringLiteral("Again?"), QString(),
+                            {QStringLiteral("Yes"), QStringLiteral("No")}, [this] { ++confirmed; });
+    QTest::keyClick(sheet->button(), Qt::Key_Escape);
+    EXPECT_EQ(confirmed, 1);
+}
+
+TEST_F(QuestionTest, TabGoesRoundOnTheSheet) {
+    QTest::keyClick(sheet->button(), Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), sheet->cancelButton());
+    QTest::keyClick(sheet->cancelButton(), Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), sheet->button());
+    QTest::keyClick(sheet->button(), Qt::Key_Backtab);
+    EXPECT_EQ(window.focusWidget(), sheet->cancelButton());
+    QTest::keyClick(sheet->cancelButton(), Qt::Key_Return);
+    EXPECT_EQ(confirmed, 0);
 }
 
 TEST_F(AlertSheetTest, MenuKeysDoNotActBehindIt) {

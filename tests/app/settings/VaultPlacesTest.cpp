@@ -72,6 +72,17 @@ TEST_F(VaultPlacesTest, AsksOnlyWhereThereIsACloudDriveAndNoDiary) {
     EXPECT_FALSE(places.needsOnboarding());
 }
 
+TEST_F(VaultPlacesTest, OffersTheCloudOnlyWhereThereIsOne) {
+    const Settings fresh = settings();
+    EXPECT_FALSE(VaultPlaces(fresh).hasCloudPlace());
+    QDir().mkpath(inHome(kContainer));
+    EXPECT_TRUE(VaultPlaces(fresh).hasCloudPlace());
+    QDir(home()).rmdir(QString::fromUtf8(kContainer));
+    EXPECT_FALSE(VaultPlaces(fresh).hasCloudPlace());
+    makeCloudDrive();
+    EXPECT_TRUE(VaultPlaces(fresh).hasCloudPlace());
+}
+
 TEST_F(VaultPlacesTest, NeverAsksAfterAChoice) {
     makeCloudDrive();
     Settings chosen = settings();

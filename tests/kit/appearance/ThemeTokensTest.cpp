@@ -54,6 +54,25 @@ TEST(ThemeTokens, PapersAccentsAreItsHexColours) {
     EXPECT_EQ(hex(paper[Token::AccentDeep]), QStringLiteral("#8F3421"));
 }
 
+// Only the accents, the selection and the shades come from the palette as they are; a palette's
+// hexadecimal accents lend no other token their hue.
+TEST(ThemeTokens, PapersOtherColoursAreComputedFromItsTints) {
+    const ThemeTokens paper = tokenColors(Palette::paper);
+    expectNear(paper[Token::Paper], OKLCH::srgb(0.978, 0.010, 85));
+    expectNear(paper[Token::Border], OKLCH::srgb(0.90, 0.010 * 1.2, 80));
+    expectNear(paper[Token::InkStrong], OKLCH::srgb(0.24, 0.014, 60));
+    expectNear(paper[Token::ChromeText], OKLCH::srgb(0.55, 0.014 * 0.8571428571428571, 70));
+}
+
+TEST(ThemeTokens, TextOnAPillIsLightOnLightPalettesAndDarkOnDarkOnes) {
+    const auto expected = [](Palette palette, double lightness) {
+        const auto surface = palette::spec(palette).surface;
+        return OKLCH::srgb(lightness, surface.c, surface.h);
+    };
+    expectNear(tokenColors(Palette::celadon)[Token::PillText], expected(Palette::celadon, 0.96));
+    expectNear(tokenColors(Palette::indigo)[Token::PillText], expected(Palette::indigo, 0.215));
+}
+
 TEST(ThemeTokens, HeatShadesAreThePalettesOwn) {
     for (const Palette each : palette::all()) {
         const ThemeTokens tokens = tokenColors(each);

@@ -1,0 +1,123 @@
+#include "DiaryApp/Chrome/Sheet.h"
+
+#include <QtGui/QAccessible>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+
+#include "DiaryApp/Appearance/ControlAccess.h"
+#include "DiaryApp/Appearance/Theme.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr double kRadius = 14;
+// The sheet stands a little above the middle, where the eye is.
+constexpr double kAboveMiddle = 0.42;
+
+// A soft shadow, painted as rings that grow and fade.
+void paintShadow(QPainter& painter, const QRectF& panel) {
+    constexpr int kReach = 30;
+    painter.setPen(Qt::NoPen);
+    for (int i = kReach; i > 0; i -= 2) {
+        const double share = 1 - static_cast<double>(i) / kReach;
+        painter.setBrush(theme::color(Token::InkStrong, 0.022 * share));
+        painter.drawRoundedRect(panel.adjusted(-i, -i + 18, i, i + 18), kRadius + i, kRadius + i);
+    }
+}
+
+}  // namespace
+
+Sheet::Sheet(QWidget* window, const QString& title, const QString& text)
+    : QWidget(window), m_focusBefore(window->focusWidget()) {
+    setVisible(false);
+    setAccessibleName(title);
+    setAccessibleDescription(text);
+    access::setRole(this, QAccessible::Dialog);
+    window->installEventFilter(this);
+}
+
+void Sheet::present(QWidget* first, Qt::FocusReason reason) {
+    place();
+    setVisible(true);
+    raise();
+    first->setFocus(reason);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void Sheet::dismiss() {
+    hide();
+    deleteLater();
+    if (m_focusBefore) m_focusBefore->setFocus(Qt::OtherFocusReason);
+}
+
+double Sheet::panelTop(double panelHeight) const {
+    return qMax(0.0, (height() - panelHeight) * kAboveMiddle);
+}
+
+void Sheet::place() {
+    setGeometry(parentWidget()->rect());
+    const QSizeF size = panelSize();
+    const double panelHeight = std::round(size.height());
+    m_panel = {std::round((width() - size.width()) / 2), std::round(panelTop(panelHeight)),
+               size.width(), panelHeight};
+    placeControls();
+    update();
+}
+
+bool Sheet::event(QEvent* event) {
+    switch (event->type()) {
+        // Taking these keeps the menu's keys from acting behind the sheet.
+        case QEvent::ShortcutOverride:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+            event->accept();
+            return true;
+        default:
+            return QWidget::event(event);
+    }
+}
+
+bool Sheet::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parentWidget() && event->type() == QEvent::Resize) place();
+    return QWidget::eventFilter(watched, event);
+}
+
+// The Tab key goes round among the sheet's own controls; the ones behind it are out of reach.
+bool Sheet::focusNextPrevChild(bool next) {
+    QList<QWidget*> stops;
+    for (auto* each : findChildren<QWidget*>()) {
+        if (each->isVisible() && each->isEnabled() && (each->focusPolicy() & Qt::TabFocus) != 0) {
+            stops.append(each);
+        }
+    }
+    if (stops.isEmpty()) return true;
+    const qsizetype now = stops.indexOf(QWidget::focusWidget());
+    const qsizetype step = next ? 1 : stops.size() - 1;
+    stops[(qMax(now, qsizetype(0)) + step) % stops.size()]->setFocus(next ? Qt::TabFocusReason
+                                                                          : Qt::BacktabFocusReason);
+    return true;
+}
+
+void Sheet::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) escaped();
+    event->accept();
+}
+
+void Sheet::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), theme::veil());
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintShadow(painter, m_panel);
+    const bool isDark = theme::tokens().isDark();
+    painter.setPen(QPen(theme::color(Token::Border), 1));
+    painter.setBrush(theme::color(isDark ? Token::CardBg : Token::CardBgActive));
+    painter.drawRoundedRect(m_panel.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    paintPanel(painter);
+}
+
+}  // namespace velmar
