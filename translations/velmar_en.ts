@@ -205,7 +205,7 @@
     <message id="NoLeapDayThisYear">
         <source></source>
         <extracomment>Stands in place of the editor; %1 is the next leap year.</extracomment>
-        <translation>There is no February 29 this year. The next one comes in %1.</translation>
+        <translation>There is no February 29 this year. Its years stand on the right; the next one comes in %1.</translation>
     </message>
     <message id="GapLine">
         <source></source>
@@ -426,6 +426,82 @@
     <!-- Sidebar, rail and year calendar -->
 
     <!-- Page and all years -->
+    <message id="(empty file)">
+        <source></source>
+        <extracomment>Stands in place of a file's source.</extracomment>
+        <translation>(empty file)</translation>
+    </message>
+    <message id="NotWrittenYears">
+        <source></source>
+        <extracomment>%1 is a year, or the first and last of several: 2021 – 2023.</extracomment>
+        <translation>%1 not written</translation>
+    </message>
+    <message id="WrittenYears" numerus="yes">
+        <source></source>
+        <extracomment>How many years of the day have text.</extracomment>
+        <translation>
+            <numerusform>%n year written</numerusform>
+            <numerusform>%n years written</numerusform>
+        </translation>
+    </message>
+    <message id="WrittenMissingYears" numerus="yes">
+        <source></source>
+        <extracomment>How many years of the day have text; %1 is how many have none.</extracomment>
+        <translation>
+            <numerusform>%n year written · %1 not written</numerusform>
+            <numerusform>%n years written · %1 not written</numerusform>
+        </translation>
+    </message>
+    <message id="Click a year to write in it">
+        <source></source>
+        <extracomment>Hint above the cards of all years.</extracomment>
+        <translation>Click a year to write in it</translation>
+    </message>
+    <message id="Keep writing">
+        <source></source>
+        <extracomment>On this year's card: opens the year.</extracomment>
+        <translation>Keep writing</translation>
+    </message>
+    <message id="Open">
+        <source></source>
+        <extracomment>On a past year's card: opens the year.</extracomment>
+        <translation>Open</translation>
+    </message>
+    <message id="Fill in">
+        <source></source>
+        <extracomment>Button beside years that aren't written: opens the newest of them.</extracomment>
+        <translation>Fill in</translation>
+    </message>
+    <message id="AccessibleFillIn">
+        <source></source>
+        <extracomment>Name of the button Fill in, read aloud; %1 is the year that it opens.</extracomment>
+        <translation>Fill in %1</translation>
+    </message>
+    <message id="CurrentYearEmpty">
+        <source></source>
+        <extracomment>Stands in this year's empty card.</extracomment>
+        <translation>Nothing written yet this year</translation>
+    </message>
+    <message id="MatchOf">
+        <source></source>
+        <extracomment>%1 is the number of the match that is stepped to, %2 of how many.</extracomment>
+        <translation>%1 of %2</translation>
+    </message>
+    <message id="Find Previous">
+        <source></source>
+        <extracomment>Steps to the previous match.</extracomment>
+        <translation>Find Previous</translation>
+    </message>
+    <message id="Find Next">
+        <source></source>
+        <extracomment>Steps to the next match.</extracomment>
+        <translation>Find Next</translation>
+    </message>
+    <message id="AccessibleSource">
+        <source></source>
+        <extracomment>Name of the file's text, read aloud; %1 is a file's name.</extracomment>
+        <translation>Source of %1</translation>
+    </message>
 
     <!-- Search -->
 

@@ -202,7 +202,7 @@
     <message id="NoLeapDayThisYear">
         <source></source>
         <extracomment>Stands in place of the editor; %1 is the next leap year.</extracomment>
-        <translation>今年に 2 月 29 日はありません。次に巡ってくるのは %1 年です。</translation>
+        <translation>今年に 2 月 29 日はありません。ほかの年は右側で選べます。次に巡ってくるのは %1 年です。</translation>
     </message>
     <message id="GapLine">
         <source></source>
@@ -421,6 +421,80 @@
     <!-- Sidebar, rail and year calendar -->
 
     <!-- Page and all years -->
+    <message id="(empty file)">
+        <source></source>
+        <extracomment>Stands in place of a file's source.</extracomment>
+        <translation>（空のファイル）</translation>
+    </message>
+    <message id="NotWrittenYears">
+        <source></source>
+        <extracomment>%1 is a year, or the first and last of several: 2021 – 2023.</extracomment>
+        <translation>%1 未記入</translation>
+    </message>
+    <message id="WrittenYears" numerus="yes">
+        <source></source>
+        <extracomment>How many years of the day have text.</extracomment>
+        <translation>
+            <numerusform>%n 年分を記入</numerusform>
+        </translation>
+    </message>
+    <message id="WrittenMissingYears" numerus="yes">
+        <source></source>
+        <extracomment>How many years of the day have text; %1 is how many have none.</extracomment>
+        <translation>
+            <numerusform>%n 年分を記入 · %1 年分は未記入</numerusform>
+        </translation>
+    </message>
+    <message id="Click a year to write in it">
+        <source></source>
+        <extracomment>Hint above the cards of all years.</extracomment>
+        <translation>年をクリックして書く</translation>
+    </message>
+    <message id="Keep writing">
+        <source></source>
+        <extracomment>On this year's card: opens the year.</extracomment>
+        <translation>続きを書く</translation>
+    </message>
+    <message id="Open">
+        <source></source>
+        <extracomment>On a past year's card: opens the year.</extracomment>
+        <translation>開く</translation>
+    </message>
+    <message id="Fill in">
+        <source></source>
+        <extracomment>Button beside years that aren't written: opens the newest of them.</extracomment>
+        <translation>書き足す</translation>
+    </message>
+    <message id="AccessibleFillIn">
+        <source></source>
+        <extracomment>Name of the button Fill in, read aloud; %1 is the year that it opens.</extracomment>
+        <translation>%1 年を書き足す</translation>
+    </message>
+    <message id="CurrentYearEmpty">
+        <source></source>
+        <extracomment>Stands in this year's empty card.</extracomment>
+        <translation>今年はまだ何も書いていません</translation>
+    </message>
+    <message id="MatchOf">
+        <source></source>
+        <extracomment>%1 is the number of the match that is stepped to, %2 of how many.</extracomment>
+        <translation>%1 / %2</translation>
+    </message>
+    <message id="Find Previous">
+        <source></source>
+        <extracomment>Steps to the previous match.</extracomment>
+        <translation>前を検索</translation>
+    </message>
+    <message id="Find Next">
+        <source></source>
+        <extracomment>Steps to the next match.</extracomment>
+        <translation>次を検索</translation>
+    </message>
+    <message id="AccessibleSource">
+        <source></source>
+        <extracomment>Name of the file's text, read aloud; %1 is a file's name.</extracomment>
+        <translation>%1 のソース</translation>
+    </message>
 
     <!-- Search -->
 

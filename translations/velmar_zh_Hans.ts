@@ -202,7 +202,7 @@
     <message id="NoLeapDayThisYear">
         <source></source>
         <extracomment>Stands in place of the editor; %1 is the next leap year.</extracomment>
-        <translation>今年没有二月二十九日。下一次要等到 %1 年。</translation>
+        <translation>今年没有二月二十九日。要写别的年份，请在右侧选择；下一次要等到 %1 年。</translation>
     </message>
     <message id="GapLine">
         <source></source>
@@ -421,6 +421,80 @@
     <!-- Sidebar, rail and year calendar -->
 
     <!-- Page and all years -->
+    <message id="(empty file)">
+        <source></source>
+        <extracomment>Stands in place of a file's source.</extracomment>
+        <translation>（空文件）</translation>
+    </message>
+    <message id="NotWrittenYears">
+        <source></source>
+        <extracomment>%1 is a year, or the first and last of several: 2021 – 2023.</extracomment>
+        <translation>%1 未写</translation>
+    </message>
+    <message id="WrittenYears" numerus="yes">
+        <source></source>
+        <extracomment>How many years of the day have text.</extracomment>
+        <translation>
+            <numerusform>写过 %n 年</numerusform>
+        </translation>
+    </message>
+    <message id="WrittenMissingYears" numerus="yes">
+        <source></source>
+        <extracomment>How many years of the day have text; %1 is how many have none.</extracomment>
+        <translation>
+            <numerusform>写过 %n 年 · %1 年未写</numerusform>
+        </translation>
+    </message>
+    <message id="Click a year to write in it">
+        <source></source>
+        <extracomment>Hint above the cards of all years.</extracomment>
+        <translation>点击年份即可书写</translation>
+    </message>
+    <message id="Keep writing">
+        <source></source>
+        <extracomment>On this year's card: opens the year.</extracomment>
+        <translation>接着写</translation>
+    </message>
+    <message id="Open">
+        <source></source>
+        <extracomment>On a past year's card: opens the year.</extracomment>
+        <translation>打开</translation>
+    </message>
+    <message id="Fill in">
+        <source></source>
+        <extracomment>Button beside years that aren't written: opens the newest of them.</extracomment>
+        <translation>补写</translation>
+    </message>
+    <message id="AccessibleFillIn">
+        <source></source>
+        <extracomment>Name of the button Fill in, read aloud; %1 is the year that it opens.</extracomment>
+        <translation>补写 %1 年</translation>
+    </message>
+    <message id="CurrentYearEmpty">
+        <source></source>
+        <extracomment>Stands in this year's empty card.</extracomment>
+        <translation>今年还没有写</translation>
+    </message>
+    <message id="MatchOf">
+        <source></source>
+        <extracomment>%1 is the number of the match that is stepped to, %2 of how many.</extracomment>
+        <translation>%1 / %2</translation>
+    </message>
+    <message id="Find Previous">
+        <source></source>
+        <extracomment>Steps to the previous match.</extracomment>
+        <translation>查找上一个</translation>
+    </message>
+    <message id="Find Next">
+        <source></source>
+        <extracomment>Steps to the next match.</extracomment>
+        <translation>查找下一个</translation>
+    </message>
+    <message id="AccessibleSource">
+        <source></source>
+        <extracomment>Name of the file's text, read aloud; %1 is a file's name.</extracomment>
+        <translation>%1 的源文本</translation>
+    </message>
 
     <!-- Search -->
 

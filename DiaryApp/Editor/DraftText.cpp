@@ -38,7 +38,8 @@ QString DraftText::shown(QString text) const {
     return text;
 }
 
-bool DraftText::replace(qsizetype position, qsizetype removed, const QString& shown) {
+std::optional<DraftText::Edit> DraftText::replace(qsizetype position, qsizetype removed,
+                                                  const QString& shown) {
     const qsizetype from = std::clamp<qsizetype>(position, 0, m_text.size());
     const qsizetype length = std::clamp<qsizetype>(removed, 0, m_text.size() - from);
     const QString before = this->shown(m_text.mid(from, length));
@@ -48,11 +49,11 @@ bool DraftText::replace(qsizetype position, qsizetype removed, const QString& sh
         commonSuffix(QStringView(before).mid(head), QStringView(shown).mid(head));
     QString added = shown.mid(head, shown.size() - head - tail);
     const qsizetype dropped = before.size() - head - tail;
-    if (dropped == 0 && added.isEmpty()) return false;
+    if (dropped == 0 && added.isEmpty()) return std::nullopt;
     // An undo brings stand-ins back, which are the characters that were loaded.
     std::ranges::transform(added, added.begin(), [this](QChar each) { return exact(each); });
     m_text.replace(from + head, dropped, added);
-    return true;
+    return Edit{from + head, dropped, added.size()};
 }
 
 QString DraftText::pasted(QString text) {

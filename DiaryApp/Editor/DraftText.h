@@ -7,18 +7,28 @@
 
 #include <QtCore/QString>
 #include <array>
+#include <optional>
 
 namespace velmar {
 
 class DraftText {
 public:
+    // `removed` units of the draft at `at` became `added` other ones.
+    struct Edit {
+        qsizetype at = 0;
+        qsizetype removed = 0;
+        qsizetype added = 0;
+
+        bool operator==(const Edit&) const = default;
+    };
+
     // Takes the draft over and returns its display form, of the same length in UTF-16 units.
     QString load(const QString& draft);
 
     // `removed` units at `position` of the display form became `shown`, which is what the document
-    // now has there, with LF for its line breaks. The stretch may be wider than the change. True if
-    // the draft is another one now.
-    bool replace(qsizetype position, qsizetype removed, const QString& shown);
+    // now has there, with LF for its line breaks. The stretch may be wider than the change. Returns
+    // what became of the draft; nothing if it is the same.
+    std::optional<Edit> replace(qsizetype position, qsizetype removed, const QString& shown);
 
     [[nodiscard]] const QString& text() const { return m_text; }
 

@@ -6,6 +6,7 @@
 #include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
+#include <QtWidgets/QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -59,6 +60,7 @@ GrowingTextView::GrowingTextView(QWidget* parent)
     document()->setDocumentMargin(0);
     document()->setDefaultFont(m_style.body().font);
     document()->setDocumentLayout(m_layout);
+    m_layout->setMarks(&m_marks);
     // Both belong to the layout. The caret is painted here, in its own colour and height.
     m_layout->setPaintDevice(viewport());
     setCursorWidth(0);
@@ -83,6 +85,7 @@ void GrowingTextView::connectDocument() {
     connect(this, &QTextEdit::selectionChanged, this, &GrowingTextView::settleCaret);
     // Qt repaints selections line by line, which leaves the rest of the rows as it was.
     connect(this, &QTextEdit::selectionChanged, viewport(), repaint);
+    connect(&m_marks, &MatchMarks::changed, viewport(), repaint);
     connect(&m_blink, &CaretBlink::changed, this, &GrowingTextView::repaintCaret);
 }
 
@@ -92,6 +95,7 @@ void GrowingTextView::load(const QString& draft) {
     setPlainText(m_draft.load(draft));
     moveCursor(QTextCursor::End);
     m_lastSelection = selection();
+    m_marks.set({}, -1, false);
     m_hasChanged = false;
     m_isStale = false;
     viewport()->update();
@@ -164,7 +168,10 @@ void GrowingTextView::takeText(int position, int removed, int added) {
         if (length > 0) shown.append(QStringView(block.text()).sliced(from, length));
         if (block.position() + block.length() <= end) shown.append(QLatin1Char('\n'));
     }
-    if (m_draft.replace(position, removed, shown)) m_hasChanged = true;
+    const auto edit = m_draft.replace(position, removed, shown);
+    if (!edit) return;
+    m_hasChanged = true;
+    m_marks.edit(*edit);
 }
 
 void GrowingTextView::announce() {
@@ -219,7 +226,7 @@ void GrowingTextView::apply(const MarkdownChange& change) {
                 cursor.insertText(m_draft.shown(step.replacement));
                 cursor.endEditBlock();
             }
-            select(step.selection);
+            selectRange(step.selection);
         }
         breakUndo();
     }
@@ -229,11 +236,30 @@ void GrowingTextView::apply(const MarkdownChange& change) {
     if (onCaretMoved) onCaretMoved();
 }
 
-void GrowingTextView::select(TextRange range) {
+TextRange GrowingTextView::clamped(TextRange range) const {
+    const qsizetype start = std::clamp<qsizetype>(range.location, 0, m_draft.text().size());
+    const qsizetype end = std::clamp<qsizetype>(range.end(), start, m_draft.text().size());
+    return {start, end - start};
+}
+
+void GrowingTextView::selectRange(TextRange range) {
+    const TextRange inside = clamped(range);
     QTextCursor cursor = textCursor();
-    cursor.setPosition(static_cast<int>(range.location));
-    cursor.setPosition(static_cast<int>(range.end()), QTextCursor::KeepAnchor);
+    cursor.setPosition(static_cast<int>(inside.location));
+    cursor.setPosition(static_cast<int>(inside.end()), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+void GrowingTextView::setMatches(std::vector<TextRange> ranges, int current) {
+    for (TextRange& range : ranges) range = clamped(range);
+    const bool animates =
+        isVisible() && style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+    m_marks.set(std::move(ranges), current, animates);
+}
+
+QRect GrowingTextView::matchRect(int index) const {
+    const auto range = m_marks.range(index);
+    return range ? m_layout->markRect(*range).toAlignedRect() : QRect();
 }
 
 // A document that counts as unmodified merges the next edit into no earlier one.

@@ -12,6 +12,7 @@
 #include "DiaryApp/Editor/DraftText.h"
 #include "DiaryApp/Editor/FormatCommand.h"
 #include "DiaryApp/Editor/MarkdownHighlighter.h"
+#include "DiaryApp/Editor/MatchMarks.h"
 #include "DiaryApp/Editor/RhythmLayout.h"
 
 namespace velmar {
@@ -64,6 +65,16 @@ public:
     // The selection, whichever end the caret is at.
     [[nodiscard]] diary::TextRange selection() const;
 
+    // Marks what a search has found, in UTF-16 units of the draft and in the order of the text;
+    // `current` is the index of the match that is stepped to, or -1. Marks stay at their words
+    // while these are edited, and another text that is loaded has none.
+    void setMatches(std::vector<diary::TextRange> ranges, int current);
+    // What the mark of this match covers, in the field's coordinates; empty if there is no such
+    // one.
+    [[nodiscard]] QRect matchRect(int index) const;
+    // Selects a range of the draft, or what of it lies in the text, with the caret at its end.
+    void selectRange(diary::TextRange range);
+
     // Types a text as keys would, character by character.
     void type(const QString& text);
     // Each step can be undone alone.
@@ -108,7 +119,7 @@ private:
     void announce();
 
     bool applyIfAny(const Change& change);
-    void select(diary::TextRange range);
+    [[nodiscard]] diary::TextRange clamped(diary::TextRange range) const;
     void breakUndo();
     void dropComposition();
     void settleCaret();
@@ -134,6 +145,7 @@ private:
     RhythmLayout* m_layout;
     MarkdownHighlighter m_highlighter;
     CaretBlink m_blink;
+    MatchMarks m_marks;
     // Repeats the last move of a drag while the mouse is held outside of the visible page.
     QBasicTimer m_dragTimer;
     QString m_placeholder;

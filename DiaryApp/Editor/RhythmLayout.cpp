@@ -167,9 +167,32 @@ std::vector<TaskBox> RhythmLayout::taskBoxes(const QRectF& within) const {
     return boxes;
 }
 
+QRectF RhythmLayout::markRect(diary::TextRange range) const {
+    QRectF rect;
+    for (QTextBlock block = document()->findBlock(static_cast<int>(range.location));
+         block.isValid() && block.position() <= range.end(); block = block.next()) {
+        const auto boxes = RhythmPainter::markBoxes(block, range, *this, *m_style);
+        for (const QRectF& box : boxes) rect |= box;
+    }
+    if (!rect.isNull()) return rect;
+    const QTextBlock block = document()->findBlock(static_cast<int>(range.location));
+    const int offset = static_cast<int>(range.location) - block.position();
+    const QRectF row = RhythmPainter::rowOf(block, offset, *this);
+    const QTextLine line = block.layout()->lineForTextPosition(offset);
+    return {line.isValid() ? line.cursorToX(offset) : markRoom, row.top(), 0, row.height()};
+}
+
+std::vector<MatchMarks::Mark> RhythmLayout::marksIn(const QRectF& clip) const {
+    if (m_marks == nullptr) return {};
+    const QTextBlock first = document()->findBlockByLineNumber(rowAt(clip.top()));
+    const QTextBlock last = document()->findBlockByLineNumber(rowAt(clip.bottom()));
+    return m_marks->marksIn(first.position(), last.position() + last.length());
+}
+
 void RhythmLayout::draw(QPainter* painter, const PaintContext& context) {
-    RhythmPainter rhythm(*painter, *this, *m_style, context);
     const QRectF clip = context.clip.isValid() ? context.clip : QRectF({}, documentSize());
+    RhythmPainter rhythm(*painter, *this, *m_style, context);
+    rhythm.setMarks(marksIn(clip));
     const QTextBlock first = document()->findBlockByLineNumber(rowAt(clip.top()));
     for (QTextBlock block = first; block.isValid() && top(block) < clip.bottom();
          block = block.next()) {

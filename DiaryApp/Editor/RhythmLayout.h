@@ -8,6 +8,7 @@
 #include <QtGui/QTextLayout>
 #include <vector>
 
+#include "DiaryApp/Editor/MatchMarks.h"
 #include "DiaryApp/Editor/RhythmStyle.h"
 
 namespace velmar {
@@ -35,12 +36,17 @@ public:
     // Whether draw() shows the caret that it is asked for, which is where dragged text would fall.
     // The view draws the caret of typing.
     void setShowsDropCaret(bool shows) { m_showsDropCaret = shows; }
+    // What draw() marks; must outlive the layout. The caller repaints when it changes.
+    void setMarks(const MatchMarks* marks) { m_marks = marks; }
 
     [[nodiscard]] int lineHeight() const { return m_style->lineHeight(); }
     // The top of the block's first row.
     [[nodiscard]] int top(const QTextBlock& block) const;
     // The boxes of the tasks whose rows touch the rectangle.
     [[nodiscard]] std::vector<TaskBox> taskBoxes(const QRectF& within) const;
+    // What a mark of this range covers, in document coordinates, with all its rows. Where nothing
+    // of the range shows it has no width.
+    [[nodiscard]] QRectF markRect(diary::TextRange range) const;
 
     void draw(QPainter* painter, const PaintContext& context) override;
     [[nodiscard]] int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
@@ -59,8 +65,10 @@ private:
     void layOutLines(const QTextBlock& block, bool breaksFirstAnywhere);
     void place(QTextLine& line, const QTextBlock& block, int number) const;
     void moveBlocks(QTextBlock from) const;
+    [[nodiscard]] std::vector<MatchMarks::Mark> marksIn(const QRectF& clip) const;
 
     const RhythmStyle* m_style;
+    const MatchMarks* m_marks = nullptr;
     double m_laidOutWidth = 0;
     int m_laidOutLineHeight = 0;
     QSizeF m_announced;

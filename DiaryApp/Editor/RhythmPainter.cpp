@@ -33,6 +33,8 @@ constexpr double kCodeRadius = 4;
 constexpr double kFenceInset = 10;
 constexpr double kFenceRadius = 8;
 constexpr double kMarkRadius = 3;
+constexpr double kMarkGrowth = 1;
+constexpr double kMarkLine = 1.5;
 
 // Where the text of an item of this level has its marker.
 double left(const MarkdownDecoration& decoration, const RhythmStyle& style) {
@@ -51,6 +53,52 @@ void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QCo
 // The end of the Markdown line that begins at the offset; it may end within the paragraph.
 int lineEnd(const QTextBlock& block, qsizetype offset) {
     return static_cast<int>(diary::markdownLineRange(block.text(), offset).end());
+}
+
+// Where the last character of a stretch ends. Behind the first letter of a ligature that is within
+// its glyph, though Qt's trailing edges are those of whole glyphs.
+double trailingEdge(const QTextLine& line, int at) {
+    const double edge = line.cursorToX(at, QTextLine::Trailing);
+    if (at + 1 >= line.textStart() + line.textLength()) return edge;
+    if (line.cursorToX(at + 1, QTextLine::Trailing) != edge) return edge;
+    return line.cursorToX(at + 1, QTextLine::Leading);
+}
+
+// The rows' parts from one character to another, each as high as the row. Characters are asked one
+// by one, since in a line of two directions a stretch of text may stand in several places.
+QList<QRectF> rowsOf(const QTextBlock& block, int from, int to, const RhythmLayout& layout) {
+    QList<QRectF> parts;
+    const QTextLayout* lines = block.layout();
+    const double height = layout.lineHeight();
+    for (int number = 0; number < lines->lineCount(); ++number) {
+        const QTextLine line = lines->lineAt(number);
+        const int end = qMin(to, line.textStart() + line.textLength());
+        const double top = layout.top(block) + number * height;
+        for (int at = qMax(from, line.textStart()); at < end; ++at) {
+            const double one = line.cursorToX(at, QTextLine::Leading);
+            const double other =
+                at + 1 == end ? trailingEdge(line, at) : line.cursorToX(at, QTextLine::Trailing);
+            const QRectF part(qMin(one, other), top, qAbs(other - one), height);
+            const bool isNext = !parts.isEmpty() && parts.last().top() == top &&
+                                part.left() <= parts.last().right() + 0.01 &&
+                                part.right() >= parts.last().left() - 0.01;
+            isNext ? void(parts.last() |= part) : parts.append(part);
+        }
+    }
+    return parts;
+}
+
+// Composed text takes places in the layout that the document hasn't.
+int shownStart(const QTextBlock& block, int offset) {
+    const QTextLayout* layout = block.layout();
+    const auto composed = static_cast<int>(layout->preeditAreaText().size());
+    return offset < layout->preeditAreaPosition() ? offset : offset + composed;
+}
+
+int shownEnd(const QTextBlock& block, int offset) {
+    const QTextLayout* layout = block.layout();
+    const auto composed = static_cast<int>(layout->preeditAreaText().size());
+    return offset <= layout->preeditAreaPosition() ? offset : offset + composed;
 }
 
 }  // namespace
@@ -74,6 +122,7 @@ QRect RhythmPainter::taskBox(const MarkdownDecoration& task, const QRectF& row,
 
 void RhythmPainter::drawBlock(const QTextBlock& block) {
     drawGrounds(block);
+    drawMarks(block);
     drawSelections(block);
     if (const BlockStyle* style = BlockStyle::of(block)) {
         for (const MarkdownDecoration& each : style->styling.decorations) {
@@ -85,29 +134,6 @@ void RhythmPainter::drawBlock(const QTextBlock& block) {
     drawOblique(block);
 }
 
-// The rows' parts from one character to another, each as high as the row. Characters are asked one
-// by one, since in a line of two directions a stretch of text may stand in several places.
-QList<QRectF> RhythmPainter::rowsOf(const QTextBlock& block, int from, int to) const {
-    QList<QRectF> parts;
-    const QTextLayout* layout = block.layout();
-    const double height = m_layout.lineHeight();
-    for (int number = 0; number < layout->lineCount(); ++number) {
-        const QTextLine line = layout->lineAt(number);
-        const int end = qMin(to, line.textStart() + line.textLength());
-        const double top = m_layout.top(block) + number * height;
-        for (int at = qMax(from, line.textStart()); at < end; ++at) {
-            const double one = line.cursorToX(at, QTextLine::Leading);
-            const double other = line.cursorToX(at, QTextLine::Trailing);
-            const QRectF part(qMin(one, other), top, qAbs(other - one), height);
-            const bool isNext = !parts.isEmpty() && parts.last().top() == top &&
-                                part.left() <= parts.last().right() + 0.01 &&
-                                part.right() >= parts.last().left() - 0.01;
-            isNext ? void(parts.last() |= part) : parts.append(part);
-        }
-    }
-    return parts;
-}
-
 void RhythmPainter::drawGrounds(const QTextBlock& block) {
     drawFence(block);
     const BlockStyle* style = BlockStyle::of(block);
@@ -116,7 +142,7 @@ void RhythmPainter::drawGrounds(const QTextBlock& block) {
     std::optional<QPair<int, int>> code;
     const auto fill = [&] {
         if (!code) return;
-        for (const QRectF& part : rowsOf(block, code->first, code->second)) {
+        for (const QRectF& part : rowsOf(block, code->first, code->second, m_layout)) {
             const double inset = (part.height() - kCodeHeight) / 2;
             fillRounded(m_painter, part.adjusted(0, inset, 0, -inset), kCodeRadius,
                         theme::color(Token::HoverBg));
@@ -163,27 +189,65 @@ void RhythmPainter::drawSelections(const QTextBlock& block) {
     for (const auto& selection : m_context.selections) {
         const int from = qMax(0, selection.cursor.selectionStart() - start);
         const int to = qMin(length, selection.cursor.selectionEnd() - start);
-        if (from < to) drawSelection(block, from, to, selection.format);
+        if (from < to) drawSelection(block, from, to);
     }
 }
 
-void RhythmPainter::drawSelection(const QTextBlock& block, int from, int to,
-                                  const QTextCharFormat& format) {
-    const bool isMark = format.boolProperty(RhythmStyle::kMark);
-    const QColor color = isMark ? format.background().color() : theme::color(Token::SelectionBg);
+void RhythmPainter::drawSelection(const QTextBlock& block, int from, int to) {
+    const QColor& color = theme::color(Token::SelectionBg);
     const int length = block.length() - 1;
-    for (const QRectF& part : rowsOf(block, from, qMin(to, length))) {
-        if (part.width() <= 0) continue;
-        isMark ? fillRounded(m_painter, part.adjusted(0, 5, 0, -5), kMarkRadius, color)
-               : m_painter.fillRect(part, color);
+    for (const QRectF& part : rowsOf(block, from, qMin(to, length), m_layout)) {
+        if (part.width() > 0) m_painter.fillRect(part, color);
     }
     // A selected line break shows as a short bar at the end of its row.
-    if (isMark || to <= length) return;
+    if (to <= length) return;
     const QTextLine last = block.layout()->lineAt(block.layout()->lineCount() - 1);
     if (!last.isValid()) return;
     const QRectF row = rowOf(block, length, m_layout);
     m_painter.fillRect(QRectF(last.cursorToX(length), row.top(), row.height() / 4, row.height()),
                        color);
+}
+
+QList<QRectF> RhythmPainter::markBoxes(const QTextBlock& block, diary::TextRange range,
+                                       const RhythmLayout& layout, const RhythmStyle& style) {
+    const int from = qMax(0, static_cast<int>(range.location) - block.position());
+    const int to = qMin(block.length() - 1, static_cast<int>(range.end()) - block.position());
+    QList<QRectF> boxes;
+    if (from >= to) return boxes;
+    const FontFace& face = style.face(fontAt(block, from));
+    for (const QRectF& part : rowsOf(block, shownStart(block, from), shownEnd(block, to), layout)) {
+        if (part.width() <= 0) continue;
+        // The row's baseline is that of its first letter.
+        const int row = qRound(part.top() - layout.top(block)) / layout.lineHeight();
+        const int first = block.layout()->lineAt(row).textStart();
+        const FontFace& lineFace = style.face(fontAt(block, first));
+        const double baseline =
+            part.top() + rhythmBaseline(layout.lineHeight(), lineFace.ascent, lineFace.descent);
+        boxes.append(QRectF(QPointF(part.left(), baseline - face.ascent),
+                            QPointF(part.right(), baseline + face.descent))
+                         .adjusted(-kMarkGrowth, -kMarkGrowth, kMarkGrowth, kMarkGrowth));
+    }
+    return boxes;
+}
+
+void RhythmPainter::drawMarks(const QTextBlock& block) {
+    for (const MatchMarks::Mark& mark : m_marks) {
+        for (const QRectF& box : markBoxes(block, mark.range, m_layout, m_style)) {
+            drawMark(box, mark.weight);
+        }
+    }
+}
+
+void RhythmPainter::drawMark(const QRectF& box, double weight) {
+    const QColor ground =
+        theme::mixed(theme::color(Token::AccentSoft), theme::color(Token::SelectionBg), weight);
+    fillRounded(m_painter, box, kMarkRadius + kMarkGrowth, ground);
+    if (weight <= 0) return;
+    const QRectF inside = box.adjusted(kMarkGrowth, kMarkGrowth, -kMarkGrowth, -kMarkGrowth);
+    m_painter.save();
+    m_painter.setClipRect(inside.adjusted(0, inside.height() - kMarkLine, 0, 0), Qt::IntersectClip);
+    fillRounded(m_painter, inside, kMarkRadius, theme::color(Token::Accent, weight));
+    m_painter.restore();
 }
 
 // The same face sheared: a real italic would be another design, and Qt's own slant is steeper.

@@ -6,6 +6,7 @@
 #include <QtGui/QPainter>
 
 #include "DiaryApp/Editor/BlockStyle.h"
+#include "DiaryApp/Editor/MatchMarks.h"
 #include "DiaryApp/Editor/RhythmStyle.h"
 
 namespace velmar {
@@ -19,7 +20,9 @@ public:
     RhythmPainter(QPainter& painter, const RhythmLayout& layout, const RhythmStyle& style,
                   const Context& context);
 
-    // Grounds of code, then search marks and selection, then decorations, then the text.
+    // What a search found in the rows that are drawn; none unless told.
+    void setMarks(std::vector<MatchMarks::Mark> marks) { m_marks = std::move(marks); }
+    // Grounds of code, then marks of a search, the selection, decorations, and the text.
     void drawBlock(const QTextBlock& block);
 
     // The row that shows the character, as wide as the document.
@@ -28,13 +31,19 @@ public:
     // The box of a task whose first row is this one.
     [[nodiscard]] static QRect taskBox(const diary::MarkdownDecoration& task, const QRectF& row,
                                        const RhythmStyle& style);
+    // What a mark of these positions of the document covers in this block: as high as the letters,
+    // and a pixel more on each side.
+    [[nodiscard]] static QList<QRectF> markBoxes(const QTextBlock& block, diary::TextRange range,
+                                                 const RhythmLayout& layout,
+                                                 const RhythmStyle& style);
 
 private:
     void drawGrounds(const QTextBlock& block);
     void drawFence(const QTextBlock& block);
     void drawSelections(const QTextBlock& block);
-    void drawSelection(const QTextBlock& block, int from, int to, const QTextCharFormat& format);
-    [[nodiscard]] QList<QRectF> rowsOf(const QTextBlock& block, int from, int to) const;
+    void drawSelection(const QTextBlock& block, int from, int to);
+    void drawMarks(const QTextBlock& block);
+    void drawMark(const QRectF& box, double weight);
     void drawOblique(const QTextBlock& block);
 
     void drawDecoration(const QTextBlock& block, const diary::MarkdownDecoration& decoration);
@@ -51,6 +60,7 @@ private:
     const RhythmLayout& m_layout;
     const RhythmStyle& m_style;
     const Context& m_context;
+    std::vector<MatchMarks::Mark> m_marks;
 };
 
 }  // namespace velmar

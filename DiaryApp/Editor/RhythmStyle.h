@@ -60,8 +60,6 @@ public:
         kOblique,
         // Code on its ground, in rows of their own.
         kCode,
-        // A mark of the search: its background is drawn with round corners.
-        kMark,
     };
 
 private:

@@ -17,8 +17,9 @@ constexpr double kKeyHeight = 60;
 constexpr double kKeySpacing = -2.34;
 // The hyphen stands a pixel closer to the digits on both sides.
 constexpr double kHyphenInset = 1.04;
-constexpr double kWeekdayGap = 20;
-constexpr double kWeekdayHeight = 28;
+constexpr double kTitleGap = 20;
+constexpr double kTitleHeight = 28;
+constexpr int kWholeWidth = 596;
 constexpr int kButtonsTop = 22;
 constexpr double kLineTop = 70;
 constexpr double kFolioTop = 80;
@@ -26,6 +27,15 @@ constexpr double kFolioHeight = 16;
 
 QFont keyFont() {
     return fonts::spaced(fonts::mono(52, QFont::Light), kKeySpacing);
+}
+
+// A little smaller where the page is too narrow for its whole column.
+QFont weekdayFont(int width) {
+    return fonts::serif(width < kWholeWidth ? 17 : 19);
+}
+
+QFont spanFont() {
+    return fonts::spaced(fonts::mono(18, QFont::Light), -0.18);
 }
 
 Button* stepButton(const QString& icon, QWidget* parent) {
@@ -54,8 +64,8 @@ void DayHead::retranslate() {
 void DayHead::setTexts(const Texts& texts) {
     if (texts == m_texts) return;
     m_texts = texts;
-    setAccessibleName(QStringList{texts.key, texts.weekday, texts.ordinal, texts.subtitle}.join(
-        QStringLiteral(", ")));
+    setAccessibleName(
+        QStringList{texts.key, texts.title, texts.left, texts.right}.join(QStringLiteral(", ")));
     update();
 }
 
@@ -66,15 +76,16 @@ void DayHead::resizeEvent(QResizeEvent* /*event*/) {
 
 void DayHead::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const double keyEnd = paintKey(painter);
-    const double x = keyEnd + kWeekdayGap;
-    const TextLook weekday = {fonts::serif(19), kWeekdayHeight, Token::SerifAside};
-    // On the key's own baseline.
-    const double top =
-        fonts::baseline(keyFont(), kKeyHeight) - fonts::baseline(weekday.font, kWeekdayHeight);
-    paintLine(painter, {x, top, m_previous->x() - x - 12, kWeekdayHeight}, m_texts.weekday,
-              weekday);
+    paintTitle(painter, paintKey(painter) + kTitleGap);
     paintFolio(painter);
+}
+
+void DayHead::paintTitle(QPainter& painter, double left) const {
+    const QFont font = m_texts.isSpan ? spanFont() : weekdayFont(width());
+    const TextLook look = {font, kTitleHeight, Token::SerifAside};
+    // On the key's own baseline.
+    const double top = fonts::baseline(keyFont(), kKeyHeight) - fonts::baseline(font, kTitleHeight);
+    paintLine(painter, {left, top, m_previous->x() - left - 12, kTitleHeight}, m_texts.title, look);
 }
 
 double DayHead::paintKey(QPainter& painter) const {
@@ -100,9 +111,9 @@ void DayHead::paintFolio(QPainter& painter) const {
     paintHairline(painter, {left, kLineTop}, text, Token::Border);
     const TextLook caption = {fonts::mono(11.5), kFolioHeight, Token::DaySubText};
     const QRectF line(left, kFolioTop, text, kFolioHeight);
-    paintLine(painter, line, m_texts.subtitle, caption, Qt::AlignRight);
-    const double taken = QFontMetricsF(caption.font).horizontalAdvance(m_texts.subtitle) + 12;
-    paintLine(painter, line.adjusted(0, 0, -taken, 0), m_texts.ordinal, caption);
+    paintLine(painter, line, m_texts.right, caption, Qt::AlignRight);
+    const double taken = QFontMetricsF(caption.font).horizontalAdvance(m_texts.right) + 12;
+    paintLine(painter, line.adjusted(0, 0, -taken, 0), m_texts.left, caption);
 }
 
 }  // namespace velmar

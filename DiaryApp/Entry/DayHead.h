@@ -1,5 +1,5 @@
-// The head of the page: the day's key, its weekday, the two steps to its neighbours, and the folio
-// line below.
+// The head of a page: the day's key, its weekday or the span of its years, the two steps to its
+// neighbours, and the folio line below.
 #pragma once
 
 #include <QtWidgets/QWidget>
@@ -15,9 +15,12 @@ public:
     struct Texts {
         // "11-21"
         QString key;
-        QString weekday;
-        QString ordinal;
-        QString subtitle;
+        // Beside the key: the weekday, or the span of the years.
+        QString title;
+        // The folio line's left and right text.
+        QString left;
+        QString right;
+        bool isSpan = false;
 
         bool operator==(const Texts&) const = default;
     };
@@ -29,6 +32,8 @@ public:
     explicit DayHead(QWidget* parent = nullptr);
 
     void setTexts(const Texts& texts);
+    // Places the head by the rectangle of its text.
+    void setColumn(const QRect& column) { setGeometry(column.adjusted(-reach, 0, reach, 0)); }
     // The buttons' texts, again in another language.
     void retranslate();
 
@@ -42,6 +47,7 @@ protected:
 private:
     // Returns where the key ends.
     double paintKey(QPainter& painter) const;
+    void paintTitle(QPainter& painter, double left) const;
     void paintFolio(QPainter& painter) const;
 
     Texts m_texts;

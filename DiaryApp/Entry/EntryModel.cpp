@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
+#include "DiaryApp/Entry/AllYearsModel.h"
 #include "DiaryApp/Settings/Formatters.h"
 
 namespace velmar {
 
 namespace {
-
-constexpr diary::MonthDay kLeapDay{2, 29};
 
 int nextLeapYear(int year) {
     do {
@@ -32,7 +31,7 @@ EntryModel::Block pastBlock(const EntryState& state) {
 EntryModel::Block block(const EntryState& state) {
     if (state.viewedYear != state.currentYear) return pastBlock(state);
     const QString mark = QString::number(state.viewedYear);
-    if (state.day == kLeapDay && !diary::MonthDay::isLeapYear(state.currentYear)) {
+    if (state.day == diary::MonthDay{2, 29} && !diary::MonthDay::isLeapYear(state.currentYear)) {
         const QString hint = qtTrId("NoLeapDayThisYear").arg(nextLeapYear(state.currentYear));
         return {mark, Token::Accent, QString(), EntryModel::Empty{hint}};
     }
@@ -60,6 +59,18 @@ std::optional<QString> gapLine(const EntryState& state) {
     return qtTrId("GapLine").arg(missing.join(QStringLiteral(" · ")));
 }
 
+std::optional<QString> sourceText(const EntryState& state) {
+    if (!state.showSource) return std::nullopt;
+    return state.rawText.isEmpty() ? qtTrId("(empty file)") : state.rawText;
+}
+
+std::optional<EntryModel::Matches> matches(const EntryState& state) {
+    const bool hasMatches = state.matches && state.matches->count > 0;
+    if (!hasMatches || state.showSource || state.showAllYears) return std::nullopt;
+    const auto [count, current] = *state.matches;
+    return EntryModel::Matches{count, std::clamp(current, 0, count - 1)};
+}
+
 }  // namespace
 
 EntryModel entryModel(const EntryState& state) {
@@ -71,8 +82,11 @@ EntryModel entryModel(const EntryState& state) {
         .weekdayName = weekdayName(state),
         .subtitle = qtTrId("This file has %d past-year sections",
                            static_cast<int>(state.pastEntries.size())),
+        .sourceText = sourceText(state),
         .block = block(state),
         .gapLine = gapLine(state),
+        .allYears = state.showAllYears ? std::optional(allYearsModel(state)) : std::nullopt,
+        .matches = matches(state),
     };
 }
 

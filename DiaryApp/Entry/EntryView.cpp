@@ -1,167 +1,236 @@
 #include "DiaryApp/Entry/EntryView.h"
 
-#include <QtCore/QEvent>
-#include <QtCore/QScopedValueRollback>
-#include <QtWidgets/QScrollBar>
-#include <cmath>
+#include <QtGui/QNativeGestureEvent>
+#include <QtGui/QWheelEvent>
+#include <utility>
 
 #include "DiaryApp/Appearance/Button.h"
-#include "DiaryApp/Appearance/Fonts.h"
-#include "DiaryApp/Appearance/OverlayScrollBar.h"
+#include "DiaryApp/Appearance/Motion.h"
 #include "DiaryApp/Editor/GrowingTextView.h"
+#include "DiaryApp/Entry/AllYearsPage.h"
 #include "DiaryApp/Entry/DayHead.h"
-#include "DiaryApp/Entry/PageLayout.h"
-#include "DiaryApp/Entry/PageParts.h"
+#include "DiaryApp/Entry/MatchPill.h"
+#include "DiaryApp/Entry/OneYearPage.h"
+#include "DiaryApp/Entry/PageFade.h"
+#include "DiaryApp/Entry/SourcePage.h"
 
 namespace velmar {
 
 EntryView::EntryView(const Settings& settings, QWidget* parent)
-    : QScrollArea(parent),
+    : QWidget(parent),
       m_settings(settings),
-      m_page(new QWidget),
-      m_head(new DayHead(m_page)),
-      m_yearRow(new YearRow(m_page)),
-      m_editor(new GrowingTextView(m_page)),
-      m_hint(new HintBox(m_page)),
-      m_gapLine(new GapLine(m_page)),
-      m_scrollBar(nullptr) {
-    setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setWidget(m_page);
-    m_scrollBar = new OverlayScrollBar(this);
-    m_hint->hide();
-    m_gapLine->hide();
-    wire();
-    retranslate();
-    restyle();
+      m_oneYear(new OneYearPage(settings, this)),
+      m_fade(new PageFade(this)),
+      m_shown(m_oneYear) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_oneYear->onDraftChanged = [this](const QString& draft) {
+        if (showsEditor() && onDraftChanged) onDraftChanged(draft);
+    };
+    wireSteps(*m_oneYear->head());
 }
 
-void EntryView::wire() {
-    m_editor->onTextChanged = [this](const QString& draft) {
-        if (onDraftChanged) onDraftChanged(draft);
-    };
-    m_editor->onHeightChanged = [this] { place(); };
-    m_editor->onCaretMoved = [this] { followCaret(); };
-    connect(m_head->previous(), &Button::clicked, this, [this] {
+void EntryView::wireSteps(const DayHead& head) {
+    connect(head.previous(), &Button::clicked, this, [this] {
         if (onPreviousDay) onPreviousDay();
     });
-    connect(m_head->next(), &Button::clicked, this, [this] {
+    connect(head.next(), &Button::clicked, this, [this] {
         if (onNextDay) onNextDay();
     });
 }
 
 void EntryView::update(const Model& model) {
-    m_head->setTexts({model.dayKey, model.weekdayName, model.ordinal, model.subtitle});
-    m_yearRow->setTexts(model.block.mark, model.block.markColor, model.block.ago);
-    m_gapLine->setText(model.gapLine.value_or(QString()));
-    m_gapLine->setVisible(model.gapLine.has_value());
-    const QString place = model.dayKey + u' ' + model.block.mark;
-    const bool isElsewhere = std::exchange(m_loadedFor, place) != place;
-    if (const auto* editor = std::get_if<Model::Editor>(&model.block.kind)) {
-        if (isElsewhere) {
-            m_editor->load(editor->draft);
-        } else if (editor->draft != m_editor->draft()) {
-            m_editor->reload(editor->draft);
-        }
-        m_editor->setAccessibleName(qtTrId("AccessibleEditor").arg(place));
-    }
-    showBlock(model.block);
-    this->place();
+    const Kind kind = model.sourceText ? Kind::Source
+                      : model.allYears ? Kind::AllYears
+                                       : Kind::OneYear;
+    const Scene scene = {kind, model.dayKey, model.block.mark};
+    const QPixmap before = fadesTo(scene) ? m_shown->grab() : QPixmap();
+    const bool isOtherDay = std::exchange(m_scene, scene).dayKey != scene.dayKey;
+    showPage(kind);
+    // Kept in step while another page shows, so that it never holds another day's text.
+    m_oneYear->update(model);
+    if (kind == Kind::AllYears) m_allYears->update(model);
+    if (kind == Kind::Source) m_source->update(*model.sourceText, model.fileName);
+    showMatches(model.matches);
+    if (isOtherDay) m_fade->stop();
+    if (!before.isNull()) m_fade->start(before);
+    if (m_pill != nullptr) m_pill->raiseAll();
 }
 
-void EntryView::showBlock(const Model::Block& block) {
-    const auto* editor = std::get_if<Model::Editor>(&block.kind);
-    if (editor != nullptr) {
-        m_editor->setPlaceholder(editor->placeholder);
-        if (std::exchange(m_textColor, editor->textColor) != editor->textColor) restyle();
-    } else {
-        m_editor->load(QString());
-        m_hint->setText(std::get<Model::Empty>(block.kind).text);
+// Days don't fade into each other, and neither do a text and its source.
+bool EntryView::fadesTo(const Scene& scene) const {
+    if (!isVisible() || motion::isReduced() || scene.dayKey != m_scene.dayKey) return false;
+    if (scene.kind == Kind::Source || m_scene.kind == Kind::Source) return false;
+    return scene.kind != m_scene.kind ||
+           (scene.kind == Kind::OneYear && scene.year != m_scene.year);
+}
+
+PageScroll* EntryView::page(Kind kind) {
+    if (kind == Kind::OneYear) return m_oneYear;
+    if (kind == Kind::Source) {
+        if (m_source == nullptr) m_source = new SourcePage(this);
+        return m_source;
     }
-    m_editor->setVisible(editor != nullptr);
-    m_hint->setVisible(editor == nullptr);
+    if (m_allYears == nullptr) {
+        m_allYears = new AllYearsPage(m_settings, this);
+        m_allYears->onOpenYear = [this](int year) {
+            if (onOpenYear) onOpenYear(year);
+        };
+        wireSteps(*m_allYears->head());
+    }
+    return m_allYears;
+}
+
+void EntryView::showPage(Kind kind) {
+    PageScroll* next = page(kind);
+    if (next == m_shown) return;
+    next->setGeometry(rect());
+    next->stackUnder(m_fade);
+    next->show();
+    // Otherwise Qt would hand the focus of what goes to whatever comes next in the window.
+    const QWidget* focused = window()->focusWidget();
+    if (focused != nullptr && m_shown->isAncestorOf(focused)) moveFocus(kind);
+    std::exchange(m_shown, next)->hide();
+    m_oneYear->setEditable(m_isEditable && showsEditor());
+}
+
+void EntryView::moveFocus(Kind kind) {
+    if (kind == Kind::OneYear) return editor()->setFocus(Qt::OtherFocusReason);
+    QWidget* target = kind == Kind::Source ? static_cast<QWidget*>(m_source->text()) : m_allYears;
+    target->setFocus(Qt::OtherFocusReason);
+}
+
+MatchPill* EntryView::pill() {
+    if (m_pill != nullptr) return m_pill;
+    m_pill = new MatchPill(this);
+    connect(m_pill->previous(), &QAbstractButton::clicked, this, [this] {
+        if (onPreviousMatch) onPreviousMatch();
+    });
+    connect(m_pill->next(), &QAbstractButton::clicked, this, [this] {
+        if (onNextMatch) onNextMatch();
+    });
+    return m_pill;
+}
+
+void EntryView::showMatches(const std::optional<Matches>& matches) {
+    if (matches || m_pill != nullptr) pill()->setMatches(matches);
 }
 
 void EntryView::retranslate() {
-    m_page->setAccessibleName(qtTrId("AccessiblePage"));
-    m_head->retranslate();
+    m_oneYear->retranslate();
+    if (m_allYears != nullptr) m_allYears->retranslate();
+    if (m_pill != nullptr) m_pill->retranslate();
 }
 
 void EntryView::restyle() {
-    QPalette ground;
-    ground.setColor(QPalette::Window, theme::color(Token::Paper));
-    viewport()->setPalette(ground);
-    const double size = m_settings.editorFontSize();
-    m_editor->restyle(fonts::body(m_settings, size), size, theme::color(m_textColor));
-    place();
-}
-
-void EntryView::place() {
-    // Placing the editor may change its height, which comes back here.
-    if (m_isPlacing) return;
-    const QScopedValueRollback<bool> placing(m_isPlacing, true);
-    const double width = viewport()->width();
-    const bool hasEditor = !m_editor->isHidden();
-    // The text is laid out at its new width before its height counts.
-    m_editor->resize(qRound(PageLayout::columnWidth(width)) + GrowingTextView::markRoom,
-                     m_editor->height());
-    m_editor->setPageHeight(viewport()->height());
-    PageParts parts;
-    parts.width = width;
-    parts.leastHeight = viewport()->height();
-    if (hasEditor) parts.editorHeight = m_editor->textHeight();
-    parts.hintTextHeight = hasEditor ? 0 : m_hint->textHeight(PageLayout::hintTextWidth(width));
-    if (!m_gapLine->isHidden()) {
-        parts.gapTextHeight = m_gapLine->textHeight(PageLayout::textWidth(width));
-    }
-    const PageLayout page = layOutPage(parts);
-    m_page->resize(qRound(width), qRound(page.height));
-    m_head->setGeometry(page.head.toRect().adjusted(-DayHead::reach, 0, DayHead::reach, 0));
-    m_yearRow->setGeometry(page.yearRow.toRect());
-    if (hasEditor) {
-        const QRect column = page.editor.toRect();
-        m_editor->setGeometry(column.adjusted(-GrowingTextView::markRoom, 0, 0, 0));
-    }
-    m_hint->setGeometry(page.hint.toRect());
-    m_hint->setTextRect(page.hintText.translated(-page.hint.topLeft()));
-    m_gapLine->setGeometry(page.gapLine.toRect());
-}
-
-void EntryView::followCaret() {
-    if (m_isPlacing) return;
-    const QPoint caret = m_editor->mapTo(m_page, m_editor->caretRect().center());
-    // With its first line comes the head of the page.
-    const bool isFirstLine = m_editor->caretRect().center().y() < m_editor->lineHeight();
-    if (isFirstLine && caret.y() < viewport()->height()) return scrollToTop();
-    // A line above and below the caret's stays visible.
-    ensureVisible(0, caret.y(), 0, m_editor->lineHeight());
+    m_fade->stop();
+    m_oneYear->restyle();
+    if (m_allYears != nullptr) m_allYears->restyle();
+    if (m_source != nullptr) m_source->restyle();
+    if (m_pill != nullptr) m_pill->place();
 }
 
 void EntryView::scrollToTop() {
-    verticalScrollBar()->setValue(0);
+    m_shown->scrollToTop();
 }
 
 void EntryView::focusEditor() {
-    if (!m_editor->isHidden()) m_editor->setFocus(Qt::OtherFocusReason);
+    if (showsEditor()) m_oneYear->focusEditor();
 }
 
 void EntryView::setEditable(bool editable) {
-    m_editor->setReadOnly(!editable);
+    m_isEditable = editable;
+    m_oneYear->setEditable(editable && showsEditor());
+}
+
+bool EntryView::showsEditor() const {
+    return m_shown == m_oneYear;
+}
+
+void EntryView::copy() {
+    if (showsEditor()) return editor()->copy();
+    if (m_shown == m_source) m_source->text()->copy();
+}
+
+void EntryView::selectAll() {
+    if (showsEditor()) return editor()->selectAll();
+    if (m_shown == m_source) m_source->text()->selectAll();
+}
+
+void EntryView::setHighlights(const std::vector<diary::TextRange>& ranges, int current,
+                              Scroll scroll) {
+    m_oneYear->setMatches(ranges, current);
+    if (scroll == Scroll::ToMatch && showsEditor()) m_oneYear->glideToMatch(current);
+}
+
+void EntryView::setYearHighlights(const std::map<int, std::vector<diary::TextRange>>& ranges) {
+    if (m_allYears != nullptr) m_allYears->setMatches(ranges);
+}
+
+void EntryView::clearHighlights() {
+    m_oneYear->setMatches({}, -1);
+    setYearHighlights({});
+}
+
+void EntryView::showYear(int year) {
+    if (m_allYears != nullptr && m_shown == m_allYears) m_allYears->glideToYear(year);
 }
 
 const QString& EntryView::draft() const {
-    return m_editor->draft();
+    return editor()->draft();
 }
 
-void EntryView::resizeEvent(QResizeEvent* event) {
-    QScrollArea::resizeEvent(event);
-    place();
+GrowingTextView* EntryView::editor() const {
+    return m_oneYear->editor();
+}
+
+const std::map<int, YearCard*>& EntryView::yearCards() const {
+    static const std::map<int, YearCard*> none;
+    return m_allYears != nullptr ? m_allYears->yearCards() : none;
+}
+
+bool EntryView::event(QEvent* event) {
+    if (event->type() != QEvent::NativeGesture) return QWidget::event(event);
+    return takeGesture(static_cast<QNativeGestureEvent&>(*event));
+}
+
+bool EntryView::takeGesture(QNativeGestureEvent& event) {
+    switch (event.gestureType()) {
+        case Qt::BeginNativeGesture:
+        case Qt::EndNativeGesture:
+            m_pinch.begin();
+            break;
+        case Qt::ZoomNativeGesture:
+            act(m_pinch.add(event.value()), event.globalPosition());
+            break;
+        default:
+            return false;
+    }
+    event.accept();
+    return true;
+}
+
+void EntryView::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+    act(m_wheel.turn(event->angleDelta().y(), event->timestamp()), event->globalPosition());
+    event->accept();
+}
+
+void EntryView::act(std::optional<Pinch::Act> act, const QPointF& global) {
+    if (!act || !onPinch) return;
+    if (*act == Pinch::Act::Close) return onPinch(true, std::nullopt);
+    if (m_allYears == nullptr || m_shown != m_allYears) return;
+    onPinch(false, m_allYears->yearAt(global.toPoint()));
+}
+
+void EntryView::resizeEvent(QResizeEvent* /*event*/) {
+    m_fade->stop();
+    m_shown->setGeometry(rect());
+    if (m_pill != nullptr) m_pill->place();
 }
 
 void EntryView::changeEvent(QEvent* event) {
-    QScrollArea::changeEvent(event);
-    if (m_scrollBar != nullptr && event->type() == QEvent::PaletteChange) restyle();
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) restyle();
 }
 
 }  // namespace velmar

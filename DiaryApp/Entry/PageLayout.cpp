@@ -27,10 +27,31 @@ constexpr double kGapLineGap = 26;
 constexpr double kGapTextGap = 12;
 constexpr double kBottom = 40;
 
+constexpr double kCardsGap = 18;
+constexpr double kCardGap = 12;
+constexpr double kCardPadding = 12;
+constexpr double kCardHead = 26;
+constexpr double kAbovePictures = 6;
+constexpr double kBelowPictures = 4;
+constexpr double kGapRowHeight = 44;
+
+QRectF headRect(double pageWidth) {
+    return {PageLayout::textLeft(pageWidth), kHeadTop, PageLayout::textWidth(pageWidth),
+            kHeadHeight};
+}
+
 }  // namespace
 
 double PageLayout::columnWidth(double pageWidth) {
     return std::max(0.0, std::min(kWidestColumn, pageWidth - 2 * kSideMargin));
+}
+
+double PageLayout::columnLeft(double pageWidth) {
+    return std::floor((pageWidth - columnWidth(pageWidth)) / 2);
+}
+
+double PageLayout::textLeft(double pageWidth) {
+    return columnLeft(pageWidth) + kGutter;
 }
 
 double PageLayout::textWidth(double pageWidth) {
@@ -44,11 +65,11 @@ double PageLayout::hintTextWidth(double pageWidth) {
 PageLayout layOutPage(const PageParts& parts) {
     PageLayout page;
     const double column = PageLayout::columnWidth(parts.width);
-    const double left = std::floor((parts.width - column) / 2);
-    const double edge = left + kGutter;
+    const double left = PageLayout::columnLeft(parts.width);
+    const double edge = PageLayout::textLeft(parts.width);
     const double text = PageLayout::textWidth(parts.width);
 
-    page.head = {edge, kHeadTop, text, kHeadHeight};
+    page.head = headRect(parts.width);
     page.yearRow = {edge, page.head.bottom() + kYearRowGap, text, kYearRowHeight};
     double bottom = page.yearRow.bottom();
     if (parts.editorHeight) {
@@ -67,6 +88,45 @@ PageLayout layOutPage(const PageParts& parts) {
         bottom = page.gapLine.bottom();
     }
     page.height = std::max(parts.leastHeight, std::ceil(bottom + kBottom));
+    return page;
+}
+
+CardLayout layOutCard(double pageWidth, const YearRowParts& parts) {
+    const double column = PageLayout::columnWidth(pageWidth);
+    CardLayout card;
+    card.head = {kLine + kGutter, kLine + kCardPadding, PageLayout::textWidth(pageWidth),
+                 kCardHead};
+    double bottom = card.head.bottom();
+    if (parts.picturesHeight > 0) {
+        card.pictures = {card.head.left(), bottom + kAbovePictures, card.head.width(),
+                         parts.picturesHeight};
+        bottom = card.pictures.bottom() + kBelowPictures;
+    }
+    card.text = {kLine, bottom, column, parts.textHeight};
+    card.height = card.text.bottom() + kCardPadding + kLine;
+    return card;
+}
+
+AllYearsLayout layOutAllYears(double pageWidth, double leastHeight,
+                              const std::vector<YearRowParts>& rows) {
+    AllYearsLayout page;
+    page.head = headRect(pageWidth);
+    const double left = PageLayout::columnLeft(pageWidth);
+    const double column = PageLayout::columnWidth(pageWidth);
+    double y = page.head.bottom() + kCardsGap;
+    bool isBelowCard = false;
+    for (const YearRowParts& row : rows) {
+        if (row.kind == YearRowParts::Kind::Gap) {
+            page.rows.emplace_back(left, y, column, kGapRowHeight);
+        } else {
+            if (isBelowCard) y += kCardGap;
+            const double height = layOutCard(pageWidth, row).height;
+            page.rows.emplace_back(left - kLine, y, column + 2 * kLine, height);
+        }
+        isBelowCard = row.kind == YearRowParts::Kind::Card;
+        y = page.rows.back().bottom();
+    }
+    page.height = std::max(leastHeight, std::ceil(y + kBottom));
     return page;
 }
 

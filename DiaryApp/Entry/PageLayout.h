@@ -4,6 +4,7 @@
 
 #include <QtCore/QRectF>
 #include <optional>
+#include <vector>
 
 namespace velmar {
 
@@ -28,12 +29,47 @@ struct PageLayout {
     QRectF gapLine;
     double height = 0;
 
-    // The width of the column for a page of this width, and of the text in it.
+    // The column of a page of this width, and the text in it: where they begin, and their widths.
     [[nodiscard]] static double columnWidth(double pageWidth);
+    [[nodiscard]] static double columnLeft(double pageWidth);
     [[nodiscard]] static double textWidth(double pageWidth);
+    [[nodiscard]] static double textLeft(double pageWidth);
     [[nodiscard]] static double hintTextWidth(double pageWidth);
 };
 
 [[nodiscard]] PageLayout layOutPage(const PageParts& parts);
+
+// A row of the page that shows all years: a card, whose inner edges are the column's, so that its
+// text keeps the place that it has on the page of one year, or a row between cards.
+struct YearRowParts {
+    enum class Kind { Card, Gap };
+
+    Kind kind = Kind::Card;
+    double textHeight = 0;
+    // Of the pictures above the text; 0 without any.
+    double picturesHeight = 0;
+};
+
+struct CardLayout {
+    // In coordinates of the card.
+    QRectF head;
+    // Empty without pictures.
+    QRectF pictures;
+    // As wide as the column.
+    QRectF text;
+    double height = 0;
+};
+
+[[nodiscard]] CardLayout layOutCard(double pageWidth, const YearRowParts& parts);
+
+struct AllYearsLayout {
+    QRectF head;
+    // One for each row.
+    std::vector<QRectF> rows;
+    double height = 0;
+};
+
+[[nodiscard]] AllYearsLayout layOutAllYears(double pageWidth, double leastHeight,
+                                            const std::vector<YearRowParts>& rows);
 
 }  // namespace velmar

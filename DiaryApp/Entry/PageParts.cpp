@@ -6,23 +6,26 @@
 
 namespace velmar {
 
-void YearRow::setTexts(const QString& mark, Token markColor, const QString& ago) {
-    m_mark = mark;
-    m_markColor = markColor;
-    m_ago = ago;
-    setAccessibleName(ago.isEmpty() ? mark : mark + QStringLiteral(", ") + ago);
+void paintYearMark(QPainter& painter, const QRectF& line, const YearMark& year) {
+    const QFont markFont = fonts::spaced(fonts::mono(15, QFont::Medium), -0.15);
+    const TextLook mark = {markFont, line.height(), year.color};
+    const TextLook ago = {fonts::mono(12), line.height(), Token::AgoText};
+    paintLine(painter, line, year.mark, mark);
+    const double x = QFontMetricsF(markFont).horizontalAdvance(year.mark) + 12;
+    const double drop =
+        fonts::baseline(markFont, line.height()) - fonts::baseline(ago.font, line.height());
+    paintLine(painter, line.adjusted(x, drop, 0, drop), year.ago, ago);
+}
+
+void YearRow::setYear(const YearMark& year) {
+    m_year = year;
+    setAccessibleName(year.ago.isEmpty() ? year.mark : year.mark + QStringLiteral(", ") + year.ago);
     update();
 }
 
 void YearRow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const QFont markFont = fonts::spaced(fonts::mono(15, QFont::Medium), -0.15);
-    const TextLook mark = {markFont, 20, m_markColor};
-    const TextLook ago = {fonts::mono(12), 20, Token::AgoText};
-    paintLine(painter, rect(), m_mark, mark);
-    const double x = QFontMetricsF(markFont).horizontalAdvance(m_mark) + 12;
-    const double drop = fonts::baseline(markFont, 20) - fonts::baseline(ago.font, 20);
-    paintLine(painter, {x, drop, width() - x, 20}, m_ago, ago);
+    paintYearMark(painter, rect(), m_year);
 }
 
 void HintBox::setText(const QString& text) {

@@ -8,20 +8,27 @@
 namespace velmar {
 
 // The year and how long ago it was.
+struct YearMark {
+    QString mark;
+    Token color = Token::Accent;
+    QString ago;
+};
+
+// In one line of the rectangle's height.
+void paintYearMark(QPainter& painter, const QRectF& line, const YearMark& year);
+
 class YearRow : public QWidget {
     Q_OBJECT
 
 public:
     using QWidget::QWidget;
-    void setTexts(const QString& mark, Token markColor, const QString& ago);
+    void setYear(const YearMark& year);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString m_mark;
-    Token m_markColor = Token::Accent;
-    QString m_ago;
+    YearMark m_year;
 };
 
 // A dashed box with a hint in place of the editor.

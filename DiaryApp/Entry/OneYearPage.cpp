@@ -1,0 +1,149 @@
+#include "DiaryApp/Entry/OneYearPage.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <utility>
+
+#include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Editor/GrowingTextView.h"
+#include "DiaryApp/Entry/DayHead.h"
+#include "DiaryApp/Entry/PageLayout.h"
+#include "DiaryApp/Entry/PageParts.h"
+
+namespace velmar {
+
+OneYearPage::OneYearPage(const Settings& settings, QWidget* parent)
+    : PageScroll(parent),
+      m_settings(settings),
+      m_head(new DayHead(page())),
+      m_yearRow(new YearRow(page())),
+      m_editor(new GrowingTextView(page())),
+      m_hint(new HintBox(page())),
+      m_gapLine(new GapLine(page())) {
+    m_hint->hide();
+    m_gapLine->hide();
+    wire();
+    retranslate();
+    restyle();
+}
+
+void OneYearPage::wire() {
+    m_editor->onTextChanged = [this](const QString& draft) {
+        if (onDraftChanged) onDraftChanged(draft);
+    };
+    m_editor->onHeightChanged = [this] { place(); };
+    m_editor->onCaretMoved = [this] { followCaret(); };
+}
+
+void OneYearPage::update(const EntryModel& model) {
+    m_head->setTexts({model.dayKey, model.weekdayName, model.ordinal, model.subtitle});
+    m_yearRow->setYear({model.block.mark, model.block.markColor, model.block.ago});
+    m_gapLine->setText(model.gapLine.value_or(QString()));
+    m_gapLine->setVisible(model.gapLine.has_value());
+    const QString place = model.dayKey + u' ' + model.block.mark;
+    const bool isElsewhere = std::exchange(m_loadedFor, place) != place;
+    if (const auto* editor = std::get_if<EntryModel::Editor>(&model.block.kind)) {
+        if (isElsewhere) {
+            m_editor->load(editor->draft);
+        } else if (editor->draft != m_editor->draft()) {
+            m_editor->reload(editor->draft);
+        }
+        m_editor->setAccessibleName(qtTrId("AccessibleEditor").arg(place));
+    }
+    showBlock(model.block);
+    this->place();
+}
+
+void OneYearPage::showBlock(const EntryModel::Block& block) {
+    const auto* editor = std::get_if<EntryModel::Editor>(&block.kind);
+    if (editor != nullptr) {
+        m_editor->setPlaceholder(editor->placeholder);
+        if (std::exchange(m_textColor, editor->textColor) != editor->textColor) restyle();
+    } else {
+        m_editor->load(QString());
+        m_hint->setText(std::get<EntryModel::Empty>(block.kind).text);
+    }
+    m_editor->setVisible(editor != nullptr);
+    m_hint->setVisible(editor == nullptr);
+}
+
+void OneYearPage::retranslate() {
+    page()->setAccessibleName(qtTrId("AccessiblePage"));
+    m_head->retranslate();
+}
+
+void OneYearPage::restyle() {
+    PageScroll::restyle();
+    const double size = m_settings.editorFontSize();
+    m_editor->restyle(fonts::body(m_settings, size), size, theme::color(m_textColor));
+    place();
+}
+
+void OneYearPage::place() {
+    // Placing the editor may change its height, which comes back here.
+    if (m_isPlacing) return;
+    const QScopedValueRollback<bool> placing(m_isPlacing, true);
+    const double width = viewport()->width();
+    const bool hasEditor = !m_editor->isHidden();
+    // The text is laid out at its new width before its height counts.
+    m_editor->resize(qRound(PageLayout::columnWidth(width)) + GrowingTextView::markRoom,
+                     m_editor->height());
+    m_editor->setPageHeight(viewport()->height());
+    PageParts parts;
+    parts.width = width;
+    parts.leastHeight = viewport()->height();
+    if (hasEditor) parts.editorHeight = m_editor->textHeight();
+    parts.hintTextHeight = hasEditor ? 0 : m_hint->textHeight(PageLayout::hintTextWidth(width));
+    if (!m_gapLine->isHidden()) {
+        parts.gapTextHeight = m_gapLine->textHeight(PageLayout::textWidth(width));
+    }
+    const PageLayout layout = layOutPage(parts);
+    page()->resize(qRound(width), qRound(layout.height));
+    m_head->setColumn(layout.head.toRect());
+    m_yearRow->setGeometry(layout.yearRow.toRect());
+    if (hasEditor) {
+        const QRect column = layout.editor.toRect();
+        m_editor->setGeometry(column.adjusted(-GrowingTextView::markRoom, 0, 0, 0));
+    }
+    m_hint->setGeometry(layout.hint.toRect());
+    m_hint->setTextRect(layout.hintText.translated(-layout.hint.topLeft()));
+    m_gapLine->setGeometry(layout.gapLine.toRect());
+}
+
+void OneYearPage::followCaret() {
+    if (m_isPlacing) return;
+    stopGliding();
+    const QPoint caret = m_editor->mapTo(page(), m_editor->caretRect().center());
+    // With its first line comes the head of the page.
+    const bool isFirstLine = m_editor->caretRect().center().y() < m_editor->lineHeight();
+    if (isFirstLine && caret.y() < viewport()->height()) return scrollToTop();
+    // A line above and below the caret's stays visible.
+    ensureVisible(0, caret.y(), 0, m_editor->lineHeight());
+}
+
+void OneYearPage::focusEditor() {
+    if (!m_editor->isHidden()) m_editor->setFocus(Qt::OtherFocusReason);
+}
+
+void OneYearPage::setEditable(bool editable) {
+    if (m_editor->isReadOnly() == !editable) return;
+    m_editor->setReadOnly(!editable);
+    // A field that can be edited has a least height.
+    place();
+}
+
+void OneYearPage::setMatches(std::vector<diary::TextRange> ranges, int current) {
+    m_editor->setMatches(std::move(ranges), current);
+}
+
+void OneYearPage::glideToMatch(int index) {
+    const QRect match = m_editor->matchRect(index);
+    if (match.isEmpty() || m_editor->isHidden()) return;
+    glideTo(QRect(m_editor->mapTo(page(), match.topLeft()), match.size()));
+}
+
+void OneYearPage::resizeEvent(QResizeEvent* event) {
+    PageScroll::resizeEvent(event);
+    place();
+}
+
+}  // namespace velmar
