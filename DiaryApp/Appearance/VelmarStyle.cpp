@@ -11,6 +11,7 @@
 
 #include "DiaryApp/Appearance/Chip.h"
 #include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Appearance/SearchField.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
 
@@ -223,6 +224,8 @@ int VelmarStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_FocusFrameHMargin:
         case PM_FocusFrameVMargin:
             return kRingReach;
+        case PM_TextCursorWidth:
+            return qobject_cast<const SearchField*>(widget) != nullptr ? 0 : 2;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
