@@ -504,6 +504,151 @@
     </message>
 
     <!-- Search -->
+    <message id="SearchHits" numerus="yes">
+        <source></source>
+        <extracomment>Matches of a search.</extracomment>
+        <translation>
+            <numerusform>%n hit</numerusform>
+            <numerusform>%n hits</numerusform>
+        </translation>
+    </message>
+    <message id="SearchDays" numerus="yes">
+        <source></source>
+        <extracomment>Part of SearchCount.</extracomment>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+    <message id="SearchYears" numerus="yes">
+        <source></source>
+        <extracomment>Part of SearchCount.</extracomment>
+        <translation>
+            <numerusform>%n year</numerusform>
+            <numerusform>%n years</numerusform>
+        </translation>
+    </message>
+    <message id="SearchCount">
+        <source></source>
+        <extracomment>%1 is the text of SearchHits, %2 of SearchDays, %3 of SearchYears. At most 40 characters wide.</extracomment>
+        <translation>%1 · %2 · %3</translation>
+    </message>
+    <message id="SearchDayYears" numerus="yes">
+        <source></source>
+        <extracomment>%1 is a date without a year; in how many years it was written.</extracomment>
+        <translation>
+            <numerusform>%1 · %n year</numerusform>
+            <numerusform>%1 · %n years</numerusform>
+        </translation>
+    </message>
+    <message id="SearchMonthDays" numerus="yes">
+        <source></source>
+        <extracomment>%1 is the month's name, %2 the year.</extracomment>
+        <translation>
+            <numerusform>%1 %2 · %n day</numerusform>
+            <numerusform>%1 %2 · %n days</numerusform>
+        </translation>
+    </message>
+    <message id="SearchYearDays" numerus="yes">
+        <source></source>
+        <extracomment>%1 is the year.</extracomment>
+        <translation>
+            <numerusform>%1 · %n day</numerusform>
+            <numerusform>%1 · %n days</numerusform>
+        </translation>
+    </message>
+    <message id="SearchPending" numerus="yes">
+        <source></source>
+        <extracomment>Days whose files the cloud hasn't brought yet.</extracomment>
+        <translation>
+            <numerusform>%n day is still being fetched.</numerusform>
+            <numerusform>%n days are still being fetched.</numerusform>
+        </translation>
+    </message>
+    <message id="SearchTruncated">
+        <source></source>
+        <extracomment>%1 is a number. The search goes from December back, and stops there.</extracomment>
+        <translation>The first %1 hits, counted from December back. Narrow the search to see the rest.</translation>
+    </message>
+    <message id="SearchHint">
+        <source></source>
+        <extracomment>Stands below the recent searches.</extracomment>
+        <translation>Several words must all be there. A year, a month or a date narrows the search.</translation>
+    </message>
+    <message id="SearchNoResultsFor">
+        <source></source>
+        <extracomment>%1 is the line in the search field.</extracomment>
+        <translation>Nothing with “%1”</translation>
+    </message>
+    <message id="SearchNoResultsHint">
+        <source></source>
+        <translation>Try fewer words, or look in every year.</translation>
+    </message>
+    <message id="SearchScopeBackToAll">
+        <source></source>
+        <extracomment>Button: from one year to all of them.</extracomment>
+        <translation>Search All Years</translation>
+    </message>
+    <message id="SearchScopeAll">
+        <source></source>
+        <extracomment>Chip ahead of the years; very short.</extracomment>
+        <translation>All</translation>
+    </message>
+    <message id="SearchMoreYears">
+        <source></source>
+        <extracomment>Name of the chip that opens a list of older years.</extracomment>
+        <translation>More years</translation>
+    </message>
+    <message id="SearchSearching">
+        <source></source>
+        <translation>Searching…</translation>
+    </message>
+    <message id="SearchPlaceholder">
+        <source></source>
+        <extracomment>Stands in the empty search field: what it takes.</extracomment>
+        <translation>Words, 2024, 2024-03, 03-07</translation>
+    </message>
+    <message id="SearchRecent">
+        <source></source>
+        <extracomment>Head of the list of recent searches.</extracomment>
+        <translation>Recent</translation>
+    </message>
+    <message id="SearchKeysHint">
+        <source></source>
+        <extracomment>The search's keys in two short lines; keys in square brackets. %1 is the text of SearchKeysClear or SearchKeysClose.</extracomment>
+        <translation>[↑ ↓] move · [Enter] open
+[Ctrl Enter] all years · [Esc] %1</translation>
+    </message>
+    <message id="SearchKeysClear">
+        <source></source>
+        <extracomment>What Esc does while there is text in the field.</extracomment>
+        <translation>clear</translation>
+    </message>
+    <message id="SearchKeysClose">
+        <source></source>
+        <extracomment>What Esc does in an empty field.</extracomment>
+        <translation>close</translation>
+    </message>
+    <message id="SearchClear">
+        <source></source>
+        <extracomment>Name of the button in the search field that empties it.</extracomment>
+        <translation>Clear</translation>
+    </message>
+    <message id="AccessibleSearchField">
+        <source></source>
+        <extracomment>Name of the search field, read aloud.</extracomment>
+        <translation>Search the diary</translation>
+    </message>
+    <message id="AccessibleSearchResults">
+        <source></source>
+        <extracomment>Name of the list of hits, read aloud.</extracomment>
+        <translation>Search results</translation>
+    </message>
+    <message id="AccessibleSearchPane">
+        <source></source>
+        <extracomment>Name of the search pane, read aloud.</extracomment>
+        <translation>Search</translation>
+    </message>
 
     <!-- Settings and first start -->
 

@@ -497,6 +497,144 @@
     </message>
 
     <!-- Search -->
+    <message id="SearchHits" numerus="yes">
+        <source></source>
+        <extracomment>Matches of a search.</extracomment>
+        <translation>
+            <numerusform>%n 件</numerusform>
+        </translation>
+    </message>
+    <message id="SearchDays" numerus="yes">
+        <source></source>
+        <extracomment>Part of SearchCount.</extracomment>
+        <translation>
+            <numerusform>%n 日</numerusform>
+        </translation>
+    </message>
+    <message id="SearchYears" numerus="yes">
+        <source></source>
+        <extracomment>Part of SearchCount.</extracomment>
+        <translation>
+            <numerusform>%n 年</numerusform>
+        </translation>
+    </message>
+    <message id="SearchCount">
+        <source></source>
+        <extracomment>%1 is the text of SearchHits, %2 of SearchDays, %3 of SearchYears. At most 40 characters wide.</extracomment>
+        <translation>%1 · %2 · %3</translation>
+    </message>
+    <message id="SearchDayYears" numerus="yes">
+        <source></source>
+        <extracomment>%1 is a date without a year; in how many years it was written.</extracomment>
+        <translation>
+            <numerusform>%1 · %n 年分</numerusform>
+        </translation>
+    </message>
+    <message id="SearchMonthDays" numerus="yes">
+        <source></source>
+        <extracomment>%1 is the month's name, %2 the year.</extracomment>
+        <translation>
+            <numerusform>%2 年 %1 · %n 日分</numerusform>
+        </translation>
+    </message>
+    <message id="SearchYearDays" numerus="yes">
+        <source></source>
+        <extracomment>%1 is the year.</extracomment>
+        <translation>
+            <numerusform>%1 年 · %n 日分</numerusform>
+        </translation>
+    </message>
+    <message id="SearchPending" numerus="yes">
+        <source></source>
+        <extracomment>Days whose files the cloud hasn't brought yet.</extracomment>
+        <translation>
+            <numerusform>%n 日分がまだ取得中です。</numerusform>
+        </translation>
+    </message>
+    <message id="SearchTruncated">
+        <source></source>
+        <extracomment>%1 is a number. The search goes from December back, and stops there.</extracomment>
+        <translation>12 月からさかのぼって %1 件までです。条件を絞ると残りも見られます。</translation>
+    </message>
+    <message id="SearchHint">
+        <source></source>
+        <extracomment>Stands below the recent searches.</extracomment>
+        <translation>すべての語を含む日だけが見つかります。年、月、日付を加えると絞り込めます。</translation>
+    </message>
+    <message id="SearchNoResultsFor">
+        <source></source>
+        <extracomment>%1 is the line in the search field.</extracomment>
+        <translation>「%1」は見つかりません</translation>
+    </message>
+    <message id="SearchNoResultsHint">
+        <source></source>
+        <translation>語を減らすか、すべての年から探してみてください。</translation>
+    </message>
+    <message id="SearchScopeBackToAll">
+        <source></source>
+        <extracomment>Button: from one year to all of them.</extracomment>
+        <translation>すべての年から探す</translation>
+    </message>
+    <message id="SearchScopeAll">
+        <source></source>
+        <extracomment>Chip ahead of the years; very short.</extracomment>
+        <translation>全て</translation>
+    </message>
+    <message id="SearchMoreYears">
+        <source></source>
+        <extracomment>Name of the chip that opens a list of older years.</extracomment>
+        <translation>ほかの年</translation>
+    </message>
+    <message id="SearchSearching">
+        <source></source>
+        <translation>検索中…</translation>
+    </message>
+    <message id="SearchPlaceholder">
+        <source></source>
+        <extracomment>Stands in the empty search field: what it takes.</extracomment>
+        <translation>言葉、2024、2024-03、03-07</translation>
+    </message>
+    <message id="SearchRecent">
+        <source></source>
+        <extracomment>Head of the list of recent searches.</extracomment>
+        <translation>最近の検索</translation>
+    </message>
+    <message id="SearchKeysHint">
+        <source></source>
+        <extracomment>The search's keys in two short lines; keys in square brackets. %1 is the text of SearchKeysClear or SearchKeysClose.</extracomment>
+        <translation>[↑ ↓] 移動 · [Enter] 開く
+[Ctrl Enter] すべての年 · [Esc] %1</translation>
+    </message>
+    <message id="SearchKeysClear">
+        <source></source>
+        <extracomment>What Esc does while there is text in the field.</extracomment>
+        <translation>消去</translation>
+    </message>
+    <message id="SearchKeysClose">
+        <source></source>
+        <extracomment>What Esc does in an empty field.</extracomment>
+        <translation>閉じる</translation>
+    </message>
+    <message id="SearchClear">
+        <source></source>
+        <extracomment>Name of the button in the search field that empties it.</extracomment>
+        <translation>消去</translation>
+    </message>
+    <message id="AccessibleSearchField">
+        <source></source>
+        <extracomment>Name of the search field, read aloud.</extracomment>
+        <translation>日記を検索</translation>
+    </message>
+    <message id="AccessibleSearchResults">
+        <source></source>
+        <extracomment>Name of the list of hits, read aloud.</extracomment>
+        <translation>検索結果</translation>
+    </message>
+    <message id="AccessibleSearchPane">
+        <source></source>
+        <extracomment>Name of the search pane, read aloud.</extracomment>
+        <translation>検索</translation>
+    </message>
 
     <!-- Settings and first start -->
 

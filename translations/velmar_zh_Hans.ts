@@ -497,6 +497,144 @@
     </message>
 
     <!-- Search -->
+    <message id="SearchHits" numerus="yes">
+        <source></source>
+        <extracomment>Matches of a search.</extracomment>
+        <translation>
+            <numerusform>%n 处</numerusform>
+        </translation>
+    </message>
+    <message id="SearchDays" numerus="yes">
+        <source></source>
+        <extracomment>Part of SearchCount.</extracomment>
+        <translation>
+            <numerusform>%n 天</numerusform>
+        </translation>
+    </message>
+    <message id="SearchYears" numerus="yes">
+        <source></source>
+        <extracomment>Part of SearchCount.</extracomment>
+        <translation>
+            <numerusform>%n 年</numerusform>
+        </translation>
+    </message>
+    <message id="SearchCount">
+        <source></source>
+        <extracomment>%1 is the text of SearchHits, %2 of SearchDays, %3 of SearchYears. At most 40 characters wide.</extracomment>
+        <translation>%1 · %2 · %3</translation>
+    </message>
+    <message id="SearchDayYears" numerus="yes">
+        <source></source>
+        <extracomment>%1 is a date without a year; in how many years it was written.</extracomment>
+        <translation>
+            <numerusform>%1 · %n 年</numerusform>
+        </translation>
+    </message>
+    <message id="SearchMonthDays" numerus="yes">
+        <source></source>
+        <extracomment>%1 is the month's name, %2 the year.</extracomment>
+        <translation>
+            <numerusform>%2 年%1 · %n 天</numerusform>
+        </translation>
+    </message>
+    <message id="SearchYearDays" numerus="yes">
+        <source></source>
+        <extracomment>%1 is the year.</extracomment>
+        <translation>
+            <numerusform>%1 年 · %n 天</numerusform>
+        </translation>
+    </message>
+    <message id="SearchPending" numerus="yes">
+        <source></source>
+        <extracomment>Days whose files the cloud hasn't brought yet.</extracomment>
+        <translation>
+            <numerusform>还有 %n 天正在下载。</numerusform>
+        </translation>
+    </message>
+    <message id="SearchTruncated">
+        <source></source>
+        <extracomment>%1 is a number. The search goes from December back, and stops there.</extracomment>
+        <translation>从十二月往前数，只列出 %1 条。缩小范围可以看到其余的。</translation>
+    </message>
+    <message id="SearchHint">
+        <source></source>
+        <extracomment>Stands below the recent searches.</extracomment>
+        <translation>多个词须同时出现。加上年份、月份或日期，可以缩小范围。</translation>
+    </message>
+    <message id="SearchNoResultsFor">
+        <source></source>
+        <extracomment>%1 is the line in the search field.</extracomment>
+        <translation>没有找到“%1”</translation>
+    </message>
+    <message id="SearchNoResultsHint">
+        <source></source>
+        <translation>试试少用几个词，或在所有年份里找。</translation>
+    </message>
+    <message id="SearchScopeBackToAll">
+        <source></source>
+        <extracomment>Button: from one year to all of them.</extracomment>
+        <translation>搜索所有年份</translation>
+    </message>
+    <message id="SearchScopeAll">
+        <source></source>
+        <extracomment>Chip ahead of the years; very short.</extracomment>
+        <translation>全部</translation>
+    </message>
+    <message id="SearchMoreYears">
+        <source></source>
+        <extracomment>Name of the chip that opens a list of older years.</extracomment>
+        <translation>更多年份</translation>
+    </message>
+    <message id="SearchSearching">
+        <source></source>
+        <translation>正在搜索…</translation>
+    </message>
+    <message id="SearchPlaceholder">
+        <source></source>
+        <extracomment>Stands in the empty search field: what it takes.</extracomment>
+        <translation>词语、2024、2024-03、03-07</translation>
+    </message>
+    <message id="SearchRecent">
+        <source></source>
+        <extracomment>Head of the list of recent searches.</extracomment>
+        <translation>最近搜索</translation>
+    </message>
+    <message id="SearchKeysHint">
+        <source></source>
+        <extracomment>The search's keys in two short lines; keys in square brackets. %1 is the text of SearchKeysClear or SearchKeysClose.</extracomment>
+        <translation>[↑ ↓] 移动 · [Enter] 打开
+[Ctrl Enter] 所有年份 · [Esc] %1</translation>
+    </message>
+    <message id="SearchKeysClear">
+        <source></source>
+        <extracomment>What Esc does while there is text in the field.</extracomment>
+        <translation>清除</translation>
+    </message>
+    <message id="SearchKeysClose">
+        <source></source>
+        <extracomment>What Esc does in an empty field.</extracomment>
+        <translation>关闭</translation>
+    </message>
+    <message id="SearchClear">
+        <source></source>
+        <extracomment>Name of the button in the search field that empties it.</extracomment>
+        <translation>清除</translation>
+    </message>
+    <message id="AccessibleSearchField">
+        <source></source>
+        <extracomment>Name of the search field, read aloud.</extracomment>
+        <translation>搜索日记</translation>
+    </message>
+    <message id="AccessibleSearchResults">
+        <source></source>
+        <extracomment>Name of the list of hits, read aloud.</extracomment>
+        <translation>搜索结果</translation>
+    </message>
+    <message id="AccessibleSearchPane">
+        <source></source>
+        <extracomment>Name of the search pane, read aloud.</extracomment>
+        <translation>搜索</translation>
+    </message>
 
     <!-- Settings and first start -->
 

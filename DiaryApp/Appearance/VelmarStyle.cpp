@@ -12,6 +12,7 @@
 #include "DiaryApp/Appearance/FocusRing.h"
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
+#include "DiaryApp/Appearance/SearchField.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
 
@@ -123,6 +124,11 @@ void drawFocusRing(const QStyleOption& option, QPainter* painter, const QWidget*
     painter->restore();
 }
 
+// A line edit asks for its caret's width without telling who it is, but for the option.
+bool paintsItsCaret(const QStyleOption* option) {
+    return option != nullptr && qobject_cast<const SearchField*>(option->styleObject) != nullptr;
+}
+
 // Without a compositor, which X11 may do without, see-through corners would be black: there the
 // menu's window itself has round ones.
 int menuMask(const QStyleOption* option, QStyleHintReturn* result) {
@@ -228,6 +234,8 @@ int VelmarStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_FocusFrameHMargin:
         case PM_FocusFrameVMargin:
             return kRingReach;
+        case PM_TextCursorWidth:
+            return paintsItsCaret(option) ? 0 : 2;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -1,0 +1,267 @@
+#include "DiaryApp/Search/SearchController.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+#include "DiaryKit/Search/SearchMatch.h"
+
+namespace velmar {
+
+namespace {
+
+template <typename... Parameters, typename... Arguments>
+void call(const std::function<void(Parameters...)>& callable, Arguments&&... arguments) {
+    if (callable) callable(std::forward<Arguments>(arguments)...);
+}
+
+template <typename Answer, typename... Parameters, typename... Arguments>
+Answer ask(const std::function<Answer(Parameters...)>& callable, Arguments&&... arguments) {
+    return callable ? callable(std::forward<Arguments>(arguments)...) : Answer();
+}
+
+int wrapped(int index, int count) {
+    return ((index % count) + count) % count;
+}
+
+}  // namespace
+
+SearchController::SearchController(SearchHost host, const MakeOneShotTimer& makeTimer)
+    : m_host(std::move(host)), m_searchDebounce(makeTimer()) {}
+
+void SearchController::showSearch() {
+    if (!m_session) {
+        m_session.emplace();
+        m_session->query = m_lastSearchQuery;
+        m_session->years = ask(m_host.contentYears);
+        std::ranges::sort(m_session->years, std::greater());
+        m_session->generation = ++m_generation;
+        call(m_host.renderSidebar);
+        call(m_host.switchSidebar, true);
+        if (!m_session->query.isEmpty()) runSearch();
+    }
+    call(m_host.focusField, FieldCaret::SelectAll);
+    if (!m_host.scriptedQuery) return;
+    if (*m_host.scriptedQuery != m_session->query) {
+        call(m_host.setFieldText, *m_host.scriptedQuery);
+    }
+    searchQueryChanged(*m_host.scriptedQuery, Run::Immediately);
+}
+
+void SearchController::exitSearch() {
+    if (!m_session) return;
+    m_searchDebounce->stop();
+    ++m_searchRequest;
+    m_lastSearchQuery = m_session->query;
+    m_session.reset();
+    call(m_host.switchSidebar, false);
+    call(m_host.renderSidebar);
+    call(m_host.clearHighlights);
+    call(m_host.renderEntry);
+    call(m_host.renderRail);
+    call(m_host.focusEditor);
+}
+
+void SearchController::searchQueryChanged(const QString& text, Run run) {
+    if (!m_session) return;
+    m_session->query = text;
+    m_lastSearchQuery = text;
+    m_searchDebounce->stop();
+    if (run == Run::Immediately) {
+        runSearch();
+    } else {
+        m_searchDebounce->start(searchDelay, [this] { runSearch(); });
+    }
+}
+
+void SearchController::runSearch() {
+    if (!m_session) return;
+    m_searchDebounce->stop();
+    diary::SearchQuery query = diary::SearchQuery::parsing(m_session->query);
+    const int request = ++m_searchRequest;
+    if (query.isEmpty()) return clearResult();
+    if (m_session->scope) query.year = m_session->scope;
+    m_session->isSearching = true;
+    call(m_host.renderSidebar);
+    call(m_host.startSearch, query,
+         [this, terms = query.terms, request](diary::SearchResult result) {
+             searchFinished(std::move(result), terms, request);
+         });
+}
+
+void SearchController::clearResult() {
+    m_session->result.reset();
+    m_session->terms.clear();
+    m_session->selected.reset();
+    m_session->currentMatch = 0;
+    m_session->isSearching = false;
+    m_session->generation = ++m_generation;
+    renderWithoutHit();
+}
+
+void SearchController::renderWithoutHit() {
+    call(m_host.clearHighlights);
+    call(m_host.renderSidebar);
+    call(m_host.renderEntry);
+    call(m_host.renderRail);
+}
+
+void SearchController::searchFinished(diary::SearchResult result, const QStringList& terms,
+                                      int request) {
+    if (!m_session || request != m_searchRequest) return;
+    m_session->result = std::move(result);
+    m_session->terms = terms;
+    m_session->isSearching = false;
+    m_session->generation = ++m_generation;
+    m_session->currentMatch = 0;
+    m_session->selected = hitInView();
+    if (m_session->selected) {
+        showHit(*m_session->selected, HitFocus::Unchanged);
+    } else {
+        renderWithoutHit();
+    }
+}
+
+std::optional<int> SearchController::hitInView() const {
+    const std::vector<diary::SearchHit>& hits = m_session->result->hits;
+    if (hits.empty()) return std::nullopt;
+    const diary::MonthDay day = ask(m_host.currentMonthDay);
+    const int year = ask(m_host.viewedYear);
+    const auto inView = std::ranges::find_if(
+        hits, [&](const diary::SearchHit& hit) { return hit.monthDay == day && hit.year == year; });
+    return inView == hits.end() ? 0 : static_cast<int>(inView - hits.begin());
+}
+
+void SearchController::showHit(int index, HitFocus focus) {
+    if (!m_session || !m_session->result) return;
+    const std::vector<diary::SearchHit>& hits = m_session->result->hits;
+    if (index < 0 || index >= static_cast<int>(hits.size())) return;
+    m_session->selected = index;
+    m_session->currentMatch = 0;
+    // A copy: what follows may run another search.
+    const diary::SearchHit hit = hits[static_cast<std::size_t>(index)];
+    const bool isRendered = bringIntoView(hit);
+    if (!isRendered) call(m_host.renderEntry);
+    call(m_host.renderSidebar);
+    call(m_host.renderRail);
+    applySearchHighlights(SearchScroll::ToMatch);
+    if (focus == HitFocus::Unchanged) return;
+    call(m_host.focusEditor);
+    const std::vector<diary::TextRange> ranges = liveMatchRanges(hit.year);
+    if (showsSelectedHit() && !ranges.empty()) call(m_host.selectInEditor, ranges.front());
+}
+
+// True if the page that is shown now was rendered on the way.
+bool SearchController::bringIntoView(const diary::SearchHit& hit) {
+    const bool isOtherDay = ask(m_host.currentMonthDay) != hit.monthDay;
+    // A day that can't be left stays in view, with its draft.
+    if (isOtherDay && !ask(m_host.open, hit.monthDay)) return false;
+    if (ask(m_host.viewedYear) == hit.year) return isOtherDay;
+    if (!ask(m_host.showAllYears)) return ask(m_host.pickYear, hit.year);
+    if (ask(m_host.viewYearInAllYears, hit.year)) call(m_host.renderStatus);
+    return false;
+}
+
+const diary::SearchHit* SearchController::selectedHit() const {
+    if (!m_session || !m_session->result || !m_session->selected) return nullptr;
+    return &m_session->result->hits[static_cast<std::size_t>(*m_session->selected)];
+}
+
+bool SearchController::showsSelectedHit() const {
+    const diary::SearchHit* hit = selectedHit();
+    return hit != nullptr && !ask(m_host.showAllYears) &&
+           hit->monthDay == ask(m_host.currentMonthDay) && hit->year == ask(m_host.viewedYear);
+}
+
+void SearchController::applySearchHighlights(SearchScroll scroll) {
+    if (!m_session) return;
+    if (ask(m_host.showAllYears) && !m_session->terms.isEmpty()) {
+        call(m_host.setAllYearsHighlights, [this](int year) { return liveMatchRanges(year); });
+        return;
+    }
+    const std::optional<OpenHitMatches> matches = openHitMatches();
+    if (matches) {
+        call(m_host.setHighlights, liveMatchRanges(ask(m_host.viewedYear)), matches->current,
+             scroll);
+    } else {
+        call(m_host.clearHighlights);
+    }
+}
+
+std::vector<diary::TextRange> SearchController::liveMatchRanges(int ofYear) const {
+    if (!m_session || m_session->terms.isEmpty()) return {};
+    const QString text =
+        ofYear == ask(m_host.viewedYear) ? ask(m_host.draft) : ask(m_host.body, ofYear);
+    return diary::matchRanges(m_session->terms, text).value_or(std::vector<diary::TextRange>());
+}
+
+std::optional<OpenHitMatches> SearchController::openHitMatches() const {
+    if (!showsSelectedHit()) return std::nullopt;
+    const auto count = static_cast<int>(liveMatchRanges(ask(m_host.viewedYear)).size());
+    if (count == 0) return std::nullopt;
+    return OpenHitMatches{count, std::min(m_session->currentMatch, count - 1)};
+}
+
+void SearchController::stepMatch(int delta) {
+    const std::optional<OpenHitMatches> matches = openHitMatches();
+    if (!matches) return;
+    m_session->currentMatch = wrapped(matches->current + delta, matches->count);
+    applySearchHighlights(SearchScroll::ToMatch);
+}
+
+std::map<int, int> SearchController::railHits(const diary::MonthDay& day) const {
+    std::map<int, int> counts;
+    if (!m_session || !m_session->result) return counts;
+    for (const diary::SearchHit& hit : m_session->result->hits) {
+        if (hit.monthDay == day) counts.emplace(hit.year, static_cast<int>(hit.matchCount()));
+    }
+    return counts;
+}
+
+void SearchController::setScope(std::optional<int> year) {
+    if (!m_session) return;
+    m_session->scope = year;
+    runSearch();
+    call(m_host.focusField, FieldCaret::AtEnd);
+}
+
+void SearchController::move(int delta) {
+    if (!m_session || !m_session->result || m_session->result->hits.empty()) return;
+    const auto count = static_cast<int>(m_session->result->hits.size());
+    showHit(wrapped(m_session->selected.value_or(-1) + delta, count), HitFocus::Unchanged);
+}
+
+void SearchController::openSelected(OpenHit as) {
+    if (selectedHit() == nullptr) return;
+    call(m_host.rememberSearch, m_session->query);
+    if (as == OpenHit::AllYears) {
+        call(m_host.setAllYears, true);
+        applySearchHighlights(SearchScroll::Stay);
+    } else {
+        showHit(*m_session->selected, HitFocus::Editor);
+    }
+}
+
+void SearchController::escape() {
+    if (!m_session) return;
+    if (m_session->query.isEmpty()) return exitSearch();
+    call(m_host.setFieldText, QString());
+    searchQueryChanged(QString(), Run::Immediately);
+}
+
+void SearchController::useRecentSearch(const QString& text) {
+    if (!m_session) return;
+    call(m_host.setFieldText, text);
+    searchQueryChanged(text, Run::Immediately);
+    call(m_host.focusField, FieldCaret::AtEnd);
+}
+
+void SearchController::draftBecameDirty() {
+    if (m_session) call(m_host.clearHighlights);
+}
+
+void SearchController::vaultRefreshed() {
+    if (m_session && m_session->result && m_session->result->pendingDownloads >= 1) runSearch();
+}
+
+}  // namespace velmar

@@ -1,0 +1,101 @@
+#include "DiaryApp/Search/SearchResultsList.h"
+
+#include <QtGui/QFocusEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QScrollBar>
+
+#include "DiaryApp/Appearance/OverlayScrollBar.h"
+#include "DiaryApp/Appearance/Theme.h"
+#include "DiaryApp/Search/SearchResultsModel.h"
+#include "DiaryApp/Search/SearchRowDelegate.h"
+
+namespace velmar {
+
+namespace {
+
+constexpr double kRingGap = 2;
+constexpr double kRingWidth = 2;
+
+}  // namespace
+
+SearchResultsList::SearchResultsList(QWidget* parent)
+    : QListView(parent), m_model(new SearchResultsModel(this)) {
+    setModel(m_model);
+    setItemDelegate(new SearchRowDelegate(this));
+    setFrameShape(QFrame::NoFrame);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setEditTriggers(NoEditTriggers);
+    // A drag over the rows selects nothing; select() alone does.
+    setSelectionMode(NoSelection);
+    // A click leaves the focus in the field, where the next word is typed.
+    setFocusPolicy(Qt::TabFocus);
+    setResizeMode(Adjust);
+    viewport()->setAutoFillBackground(false);
+    viewport()->setAttribute(Qt::WA_Hover);
+    new OverlayScrollBar(this);
+    connect(this, &QListView::clicked, this, &SearchResultsList::clickedAt);
+}
+
+void SearchResultsList::clickedAt(const QModelIndex& index) {
+    const SearchResultsModel::Line& line = m_model->line(index);
+    if (line.row != nullptr && onSelect) onSelect(line.row->index);
+}
+
+void SearchResultsList::setGroups(std::vector<SearchPaneState::Group> groups) {
+    m_model->setGroups(std::move(groups));
+    verticalScrollBar()->setValue(0);
+}
+
+void SearchResultsList::select(std::optional<int> hit) {
+    const QModelIndex index = hit ? m_model->indexOfHit(*hit) : QModelIndex();
+    if (index == currentIndex() && selectionModel()->isSelected(index) == index.isValid()) return;
+    if (!index.isValid()) {
+        selectionModel()->clear();
+        return;
+    }
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    // The first hit of a year brings the year's head along.
+    const QModelIndex above = m_model->index(index.row() - 1);
+    if (above.isValid() && m_model->line(above).row == nullptr) scrollTo(above);
+    scrollTo(index);
+    viewport()->update();
+}
+
+void SearchResultsList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (!m_showsFocus) return;
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(theme::color(Token::Accent, 0.55), kRingWidth));
+    const bool hasRow = currentIndex().isValid() && selectionModel()->isSelected(currentIndex());
+    const double reach = kRingGap + kRingWidth / 2;
+    const QRectF ring = hasRow ? SearchRowDelegate::box(visualRect(currentIndex()))
+                                     .adjusted(-reach, -reach, reach, reach)
+                               : QRectF(viewport()->rect()).adjusted(reach, reach, -reach, -reach);
+    const double radius = SearchRowDelegate::boxRadius + kRingGap;
+    painter.drawRoundedRect(ring, radius, radius);
+}
+
+void SearchResultsList::focusInEvent(QFocusEvent* event) {
+    QListView::focusInEvent(event);
+    m_showsFocus = event->reason() == Qt::TabFocusReason ||
+                   event->reason() == Qt::BacktabFocusReason ||
+                   event->reason() == Qt::ShortcutFocusReason;
+    viewport()->update();
+}
+
+void SearchResultsList::focusOutEvent(QFocusEvent* event) {
+    QListView::focusOutEvent(event);
+    m_showsFocus = false;
+    viewport()->update();
+}
+
+void SearchResultsList::changeEvent(QEvent* event) {
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) viewport()->update();
+    // Another language has other shapes, so rows may take other heights.
+    if (event->type() == QEvent::LanguageChange) scheduleDelayedItemsLayout();
+}
+
+}  // namespace velmar

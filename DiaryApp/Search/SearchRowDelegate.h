@@ -1,0 +1,25 @@
+// Paints the lines of the results list: the head of a year, and a hit with its date, its number of
+// matches and a snippet of up to three lines with the matches marked.
+#pragma once
+
+#include <QtWidgets/QStyledItemDelegate>
+
+namespace velmar {
+
+class SearchRowDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+
+    // The box of a hit within its line of the list.
+    [[nodiscard]] static QRectF box(const QRectF& line);
+    static constexpr double boxRadius = 8;
+};
+
+}  // namespace velmar

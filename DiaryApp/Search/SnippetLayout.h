@@ -1,0 +1,38 @@
+// A hit's snippet laid out: up to three lines, the last one elided, with its matches as rectangles.
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtGui/QTextLayout>
+#include <vector>
+
+#include "DiaryApp/Appearance/TextPainter.h"
+#include "DiaryKit/Foundation/TextRange.h"
+
+namespace velmar {
+
+class SnippetLayout {
+public:
+    static constexpr int maximumLines = 3;
+    static constexpr double lineHeight = 19;
+
+    SnippetLayout(const QString& text, const std::vector<diary::TextRange>& marks, double width);
+
+    [[nodiscard]] int lineCount() const { return m_layout.lineCount(); }
+
+    // The lines that `text` takes at this width, without laying it out where it is plainly short.
+    [[nodiscard]] static int lineCount(const QString& text, double width);
+
+    // Paints marks and text from this point on.
+    void paint(QPainter& painter, const QPointF& topLeft, Token color) const;
+
+private:
+    void layOut();
+    [[nodiscard]] QString elided() const;
+    [[nodiscard]] std::vector<QRectF> markBoxes() const;
+
+    double m_width;
+    std::vector<diary::TextRange> m_marks;
+    QTextLayout m_layout;
+};
+
+}  // namespace velmar
