@@ -3,11 +3,13 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QStyleOption>
 #include <cmath>
 
+#include "DiaryApp/Appearance/Chip.h"
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
@@ -103,13 +105,16 @@ void drawMenuPanel(const QStyleOption& option, QPainter* painter) {
     painter->restore();
 }
 
-// Two pixels wide, two pixels outside the box that has the focus.
-void drawFocusRing(const QStyleOption& option, QPainter* painter) {
+// Two pixels wide, two pixels outside the box that has the focus, and round as that box is.
+void drawFocusRing(const QStyleOption& option, QPainter* painter, const QWidget* frame) {
+    const auto* ring = qobject_cast<const QFocusFrame*>(frame);
+    const bool isRound = ring != nullptr && qobject_cast<const Chip*>(ring->widget()) != nullptr;
+    const double radius = isRound ? option.rect.height() / 2.0 - 1 : kRingRadius;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(theme::color(Token::Accent, 0.55), 2));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), kRingRadius, kRingRadius);
+    painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), radius, radius);
     painter->restore();
 }
 
@@ -152,7 +157,7 @@ void VelmarStyle::drawControl(ControlElement element, const QStyleOption* option
         case CE_MenuEmptyArea:
             return;
         case CE_FocusFrame:
-            drawFocusRing(*option, painter);
+            drawFocusRing(*option, painter, widget);
             return;
         default:
             QProxyStyle::drawControl(element, option, painter, widget);
