@@ -42,6 +42,12 @@ void Button::setIconName(const QString& name) {
     update();
 }
 
+void Button::setLabelWeight(QFont::Weight weight) {
+    m_labelWeight = weight;
+    updateGeometry();
+    update();
+}
+
 void Button::setHint(const QString& text, const QKeySequence& shortcut) {
     const QString key = shortcut.toString(QKeySequence::NativeText);
     setToolTip(key.isEmpty() ? text : text + QStringLiteral("   ") + key);
@@ -104,7 +110,7 @@ void Button::paintLabel(QPainter& painter, const Colors& colors) const {
 }
 
 QFont Button::labelFont() const {
-    return fonts::sans(m_kind == Kind::Quiet ? 13 : 13.5, QFont::Medium);
+    return fonts::sans(m_kind == Kind::Quiet ? 13 : 13.5, m_labelWeight);
 }
 
 Button::Colors Button::colors() const {

@@ -9,6 +9,7 @@
 #include <QtWidgets/QStyleOption>
 #include <cmath>
 
+#include "DiaryApp/Appearance/CardButton.h"
 #include "DiaryApp/Appearance/Chip.h"
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/TextPainter.h"
@@ -32,6 +33,7 @@ constexpr double kMenuRadius = 10;
 constexpr double kItemRadius = 6;
 constexpr int kRingReach = 4;
 constexpr double kRingRadius = 10;
+constexpr double kRingGap = 2;
 
 // "&Save" is shown as "Save"; the texts here have no marked letters, but a name may hold "&&".
 QString plain(const QString& text) {
@@ -105,11 +107,17 @@ void drawMenuPanel(const QStyleOption& option, QPainter* painter) {
     painter->restore();
 }
 
+double ringRadius(const QStyleOption& option, const QWidget* frame) {
+    const auto* ring = qobject_cast<const QFocusFrame*>(frame);
+    const QWidget* box = ring != nullptr ? ring->widget() : nullptr;
+    if (qobject_cast<const Chip*>(box) != nullptr) return option.rect.height() / 2.0 - 1;
+    const auto* card = qobject_cast<const CardButton*>(box);
+    return card != nullptr ? card->radius() + kRingGap : kRingRadius;
+}
+
 // Two pixels wide, two pixels outside the box that has the focus, and round as that box is.
 void drawFocusRing(const QStyleOption& option, QPainter* painter, const QWidget* frame) {
-    const auto* ring = qobject_cast<const QFocusFrame*>(frame);
-    const bool isRound = ring != nullptr && qobject_cast<const Chip*>(ring->widget()) != nullptr;
-    const double radius = isRound ? option.rect.height() / 2.0 - 1 : kRingRadius;
+    const double radius = ringRadius(option, frame);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(theme::color(Token::Accent, 0.55), 2));
