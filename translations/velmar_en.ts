@@ -424,6 +424,176 @@
     </message>
 
     <!-- Sidebar, rail and year calendar -->
+    <message id="SidebarSearch">
+        <source></source>
+        <extracomment>Button that opens the search.</extracomment>
+        <translation>Search</translation>
+    </message>
+    <message id="SidebarPreviousMonth">
+        <source></source>
+        <extracomment>Button over the month's days.</extracomment>
+        <translation>Previous Month</translation>
+    </message>
+    <message id="SidebarNextMonth">
+        <source></source>
+        <extracomment>Button over the month's days.</extracomment>
+        <translation>Next Month</translation>
+    </message>
+    <message id="Back to Today">
+        <source></source>
+        <extracomment>Button; today's date stands beside it.</extracomment>
+        <translation>Back to Today</translation>
+    </message>
+    <message id="Days written">
+        <source></source>
+        <extracomment>Fact about the diary; “214 / 365” stands beside it.</extracomment>
+        <translation>Days written</translation>
+    </message>
+    <message id="Earliest year">
+        <source></source>
+        <extracomment>Fact about the diary; a year stands beside it.</extracomment>
+        <translation>Earliest year</translation>
+    </message>
+    <message id="Files">
+        <source></source>
+        <extracomment>Fact about the diary; a number stands beside it.</extracomment>
+        <translation>Files</translation>
+    </message>
+    <message id="SidebarYearCalendar">
+        <source></source>
+        <extracomment>Button that opens the window YearCalendarTitle.</extracomment>
+        <translation>Year Calendar</translation>
+    </message>
+    <message id="SidebarSettings">
+        <source></source>
+        <extracomment>Button that opens the settings.</extracomment>
+        <translation>Settings</translation>
+    </message>
+    <message id="AccessibleSidebar">
+        <source></source>
+        <extracomment>Name of the column left of the page, read aloud.</extracomment>
+        <translation>Calendar</translation>
+    </message>
+    <message id="AccessibleDayGrid">
+        <source></source>
+        <extracomment>Name of the month's days, read aloud; %1 is a month's name, %2 a year.</extracomment>
+        <translation>Days of %1 %2</translation>
+    </message>
+    <message id="AccessibleDayWritten">
+        <source></source>
+        <extracomment>A day with text in the diary, read aloud; %1 is the day, November 21.</extracomment>
+        <translation>%1, written</translation>
+    </message>
+    <message id="AccessibleDayToday">
+        <source></source>
+        <extracomment>Read aloud behind the day that is today.</extracomment>
+        <translation>Today</translation>
+    </message>
+    <message id="RailHead">
+        <source></source>
+        <extracomment>Head of the column of years.</extracomment>
+        <translation>Years</translation>
+    </message>
+    <message id="AccessibleRail">
+        <source></source>
+        <extracomment>Name of the column right of the page, read aloud.</extracomment>
+        <translation>Years of this day</translation>
+    </message>
+    <message id="AllChip">
+        <source></source>
+        <extracomment>Shows all years of the day at once; %1 is their number.</extracomment>
+        <translation>All · %1</translation>
+    </message>
+    <message id="AccessibleAllYears">
+        <source></source>
+        <extracomment>What the chip AllChip does.</extracomment>
+        <translation>Show all years of this day</translation>
+    </message>
+    <message id="%d chars" numerus="yes">
+        <source></source>
+        <extracomment>Length of a year's text.</extracomment>
+        <translation>
+            <numerusform>%n char</numerusform>
+            <numerusform>%n chars</numerusform>
+        </translation>
+    </message>
+    <message id="Not written yet">
+        <source></source>
+        <extracomment>Stands where a year's text would begin.</extracomment>
+        <translation>Not written yet</translation>
+    </message>
+    <message id="This year · writing">
+        <source></source>
+        <extracomment>On the card of the current year.</extracomment>
+        <translation>This year · writing</translation>
+    </message>
+    <message id="SearchHits" numerus="yes">
+        <source></source>
+        <extracomment>Matches of a search in one year's text or more.</extracomment>
+        <translation>
+            <numerusform>%n hit</numerusform>
+            <numerusform>%n hits</numerusform>
+        </translation>
+    </message>
+    <message id="Spanning %d years · earliest %@" numerus="yes">
+        <source></source>
+        <extracomment>Below the years of a day; %1 is a year.</extracomment>
+        <translation>
+            <numerusform>Spanning %n year · earliest %1</numerusform>
+            <numerusform>Spanning %n years · earliest %1</numerusform>
+        </translation>
+    </message>
+    <message id="This day is still empty">
+        <source></source>
+        <extracomment>Stands there if no earlier year has text.</extracomment>
+        <translation>This day is still empty</translation>
+    </message>
+    <message id="Add a past year">
+        <source></source>
+        <extracomment>Card that opens a menu of years.</extracomment>
+        <translation>Add a past year</translation>
+    </message>
+    <message id="AccessibleAddYear">
+        <source></source>
+        <extracomment>Read aloud behind the name of that card.</extracomment>
+        <translation>Opens a menu of years</translation>
+    </message>
+    <message id="YearCalendarTitle">
+        <source></source>
+        <extracomment>Title of the window with all dates of the year.</extracomment>
+        <translation>Year Calendar</translation>
+    </message>
+    <message id="%d d" numerus="yes">
+        <source></source>
+        <extracomment>Number of a month's days with text; as short as it can be.</extracomment>
+        <translation>
+            <numerusform>%n d</numerusform>
+            <numerusform>%n d</numerusform>
+        </translation>
+    </message>
+    <message id="YearsWrittenLegend">
+        <source></source>
+        <extracomment>Ahead of the shades for 0, 1, 2, and 3 or more years.</extracomment>
+        <translation>Years written</translation>
+    </message>
+    <message id="YearFootnote">
+        <source></source>
+        <extracomment>Below the calendar.</extracomment>
+        <translation>One square is one date, through all its years. 02-29 is outlined; it comes round in leap years only.</translation>
+    </message>
+    <message id="HeatCell" numerus="yes">
+        <source></source>
+        <extracomment>A date of the calendar with the number of its written years; %1 is the date, March 7.</extracomment>
+        <translation>
+            <numerusform>%1 · %n year</numerusform>
+            <numerusform>%1 · %n years</numerusform>
+        </translation>
+    </message>
+    <message id="HeatCellEmpty">
+        <source></source>
+        <extracomment>The same for a date without text.</extracomment>
+        <translation>%1 · not written</translation>
+    </message>
 
     <!-- Page and all years -->
     <message id="(empty file)">

@@ -419,6 +419,171 @@
     </message>
 
     <!-- Sidebar, rail and year calendar -->
+    <message id="SidebarSearch">
+        <source></source>
+        <extracomment>Button that opens the search.</extracomment>
+        <translation>検索</translation>
+    </message>
+    <message id="SidebarPreviousMonth">
+        <source></source>
+        <extracomment>Button over the month's days.</extracomment>
+        <translation>前の月</translation>
+    </message>
+    <message id="SidebarNextMonth">
+        <source></source>
+        <extracomment>Button over the month's days.</extracomment>
+        <translation>次の月</translation>
+    </message>
+    <message id="Back to Today">
+        <source></source>
+        <extracomment>Button; today's date stands beside it.</extracomment>
+        <translation>今日に戻る</translation>
+    </message>
+    <message id="Days written">
+        <source></source>
+        <extracomment>Fact about the diary; “214 / 365” stands beside it.</extracomment>
+        <translation>書いた日数</translation>
+    </message>
+    <message id="Earliest year">
+        <source></source>
+        <extracomment>Fact about the diary; a year stands beside it.</extracomment>
+        <translation>最初の年</translation>
+    </message>
+    <message id="Files">
+        <source></source>
+        <extracomment>Fact about the diary; a number stands beside it.</extracomment>
+        <translation>ファイル</translation>
+    </message>
+    <message id="SidebarYearCalendar">
+        <source></source>
+        <extracomment>Button that opens the window YearCalendarTitle.</extracomment>
+        <translation>年間カレンダー</translation>
+    </message>
+    <message id="SidebarSettings">
+        <source></source>
+        <extracomment>Button that opens the settings.</extracomment>
+        <translation>設定</translation>
+    </message>
+    <message id="AccessibleSidebar">
+        <source></source>
+        <extracomment>Name of the column left of the page, read aloud.</extracomment>
+        <translation>カレンダー</translation>
+    </message>
+    <message id="AccessibleDayGrid">
+        <source></source>
+        <extracomment>Name of the month's days, read aloud; %1 is a month's name, %2 a year.</extracomment>
+        <translation>%2年%1の日付</translation>
+    </message>
+    <message id="AccessibleDayWritten">
+        <source></source>
+        <extracomment>A day with text in the diary, read aloud; %1 is the day, November 21.</extracomment>
+        <translation>%1、記入済み</translation>
+    </message>
+    <message id="AccessibleDayToday">
+        <source></source>
+        <extracomment>Read aloud behind the day that is today.</extracomment>
+        <translation>今日</translation>
+    </message>
+    <message id="RailHead">
+        <source></source>
+        <extracomment>Head of the column of years.</extracomment>
+        <translation>年</translation>
+    </message>
+    <message id="AccessibleRail">
+        <source></source>
+        <extracomment>Name of the column right of the page, read aloud.</extracomment>
+        <translation>この日の各年</translation>
+    </message>
+    <message id="AllChip">
+        <source></source>
+        <extracomment>Shows all years of the day at once; %1 is their number.</extracomment>
+        <translation>すべて · %1</translation>
+    </message>
+    <message id="AccessibleAllYears">
+        <source></source>
+        <extracomment>What the chip AllChip does.</extracomment>
+        <translation>この日のすべての年を表示</translation>
+    </message>
+    <message id="%d chars" numerus="yes">
+        <source></source>
+        <extracomment>Length of a year's text.</extracomment>
+        <translation>
+            <numerusform>%n 字</numerusform>
+        </translation>
+    </message>
+    <message id="Not written yet">
+        <source></source>
+        <extracomment>Stands where a year's text would begin.</extracomment>
+        <translation>まだ書いていません</translation>
+    </message>
+    <message id="This year · writing">
+        <source></source>
+        <extracomment>On the card of the current year.</extracomment>
+        <translation>今年 · 執筆中</translation>
+    </message>
+    <message id="SearchHits" numerus="yes">
+        <source></source>
+        <extracomment>Matches of a search in one year's text or more.</extracomment>
+        <translation>
+            <numerusform>%n 件</numerusform>
+        </translation>
+    </message>
+    <message id="Spanning %d years · earliest %@" numerus="yes">
+        <source></source>
+        <extracomment>Below the years of a day; %1 is a year.</extracomment>
+        <translation>
+            <numerusform>%n 年間 · 最初は %1 年</numerusform>
+        </translation>
+    </message>
+    <message id="This day is still empty">
+        <source></source>
+        <extracomment>Stands there if no earlier year has text.</extracomment>
+        <translation>この日はまだ空白です</translation>
+    </message>
+    <message id="Add a past year">
+        <source></source>
+        <extracomment>Card that opens a menu of years.</extracomment>
+        <translation>過去の年を追加</translation>
+    </message>
+    <message id="AccessibleAddYear">
+        <source></source>
+        <extracomment>Read aloud behind the name of that card.</extracomment>
+        <translation>年のメニューを開きます</translation>
+    </message>
+    <message id="YearCalendarTitle">
+        <source></source>
+        <extracomment>Title of the window with all dates of the year.</extracomment>
+        <translation>年間カレンダー</translation>
+    </message>
+    <message id="%d d" numerus="yes">
+        <source></source>
+        <extracomment>Number of a month's days with text; as short as it can be.</extracomment>
+        <translation>
+            <numerusform>%n 日</numerusform>
+        </translation>
+    </message>
+    <message id="YearsWrittenLegend">
+        <source></source>
+        <extracomment>Ahead of the shades for 0, 1, 2, and 3 or more years.</extracomment>
+        <translation>書いた年数</translation>
+    </message>
+    <message id="YearFootnote">
+        <source></source>
+        <extracomment>Below the calendar.</extracomment>
+        <translation>ひとマスがひとつの日付で、すべての年が重なっています。枠つきは 02-29、うるう年にだけ巡ってきます。</translation>
+    </message>
+    <message id="HeatCell" numerus="yes">
+        <source></source>
+        <extracomment>A date of the calendar with the number of its written years; %1 is the date, March 7.</extracomment>
+        <translation>
+            <numerusform>%1 · %n 年分</numerusform>
+        </translation>
+    </message>
+    <message id="HeatCellEmpty">
+        <source></source>
+        <extracomment>The same for a date without text.</extracomment>
+        <translation>%1 · 未記入</translation>
+    </message>
 
     <!-- Page and all years -->
     <message id="(empty file)">

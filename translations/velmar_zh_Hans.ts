@@ -419,6 +419,171 @@
     </message>
 
     <!-- Sidebar, rail and year calendar -->
+    <message id="SidebarSearch">
+        <source></source>
+        <extracomment>Button that opens the search.</extracomment>
+        <translation>搜索</translation>
+    </message>
+    <message id="SidebarPreviousMonth">
+        <source></source>
+        <extracomment>Button over the month's days.</extracomment>
+        <translation>上个月</translation>
+    </message>
+    <message id="SidebarNextMonth">
+        <source></source>
+        <extracomment>Button over the month's days.</extracomment>
+        <translation>下个月</translation>
+    </message>
+    <message id="Back to Today">
+        <source></source>
+        <extracomment>Button; today's date stands beside it.</extracomment>
+        <translation>回到今天</translation>
+    </message>
+    <message id="Days written">
+        <source></source>
+        <extracomment>Fact about the diary; “214 / 365” stands beside it.</extracomment>
+        <translation>写过的天数</translation>
+    </message>
+    <message id="Earliest year">
+        <source></source>
+        <extracomment>Fact about the diary; a year stands beside it.</extracomment>
+        <translation>最早的年份</translation>
+    </message>
+    <message id="Files">
+        <source></source>
+        <extracomment>Fact about the diary; a number stands beside it.</extracomment>
+        <translation>文件</translation>
+    </message>
+    <message id="SidebarYearCalendar">
+        <source></source>
+        <extracomment>Button that opens the window YearCalendarTitle.</extracomment>
+        <translation>年历</translation>
+    </message>
+    <message id="SidebarSettings">
+        <source></source>
+        <extracomment>Button that opens the settings.</extracomment>
+        <translation>设置</translation>
+    </message>
+    <message id="AccessibleSidebar">
+        <source></source>
+        <extracomment>Name of the column left of the page, read aloud.</extracomment>
+        <translation>日历</translation>
+    </message>
+    <message id="AccessibleDayGrid">
+        <source></source>
+        <extracomment>Name of the month's days, read aloud; %1 is a month's name, %2 a year.</extracomment>
+        <translation>%2 年%1的日子</translation>
+    </message>
+    <message id="AccessibleDayWritten">
+        <source></source>
+        <extracomment>A day with text in the diary, read aloud; %1 is the day, November 21.</extracomment>
+        <translation>%1，写过</translation>
+    </message>
+    <message id="AccessibleDayToday">
+        <source></source>
+        <extracomment>Read aloud behind the day that is today.</extracomment>
+        <translation>今天</translation>
+    </message>
+    <message id="RailHead">
+        <source></source>
+        <extracomment>Head of the column of years.</extracomment>
+        <translation>年份</translation>
+    </message>
+    <message id="AccessibleRail">
+        <source></source>
+        <extracomment>Name of the column right of the page, read aloud.</extracomment>
+        <translation>这一天的各年</translation>
+    </message>
+    <message id="AllChip">
+        <source></source>
+        <extracomment>Shows all years of the day at once; %1 is their number.</extracomment>
+        <translation>全部 · %1</translation>
+    </message>
+    <message id="AccessibleAllYears">
+        <source></source>
+        <extracomment>What the chip AllChip does.</extracomment>
+        <translation>显示这一天的所有年份</translation>
+    </message>
+    <message id="%d chars" numerus="yes">
+        <source></source>
+        <extracomment>Length of a year's text.</extracomment>
+        <translation>
+            <numerusform>%n 字</numerusform>
+        </translation>
+    </message>
+    <message id="Not written yet">
+        <source></source>
+        <extracomment>Stands where a year's text would begin.</extracomment>
+        <translation>还没有写</translation>
+    </message>
+    <message id="This year · writing">
+        <source></source>
+        <extracomment>On the card of the current year.</extracomment>
+        <translation>今年 · 正在写</translation>
+    </message>
+    <message id="SearchHits" numerus="yes">
+        <source></source>
+        <extracomment>Matches of a search in one year's text or more.</extracomment>
+        <translation>
+            <numerusform>%n 处</numerusform>
+        </translation>
+    </message>
+    <message id="Spanning %d years · earliest %@" numerus="yes">
+        <source></source>
+        <extracomment>Below the years of a day; %1 is a year.</extracomment>
+        <translation>
+            <numerusform>跨越 %n 年 · 始于 %1</numerusform>
+        </translation>
+    </message>
+    <message id="This day is still empty">
+        <source></source>
+        <extracomment>Stands there if no earlier year has text.</extracomment>
+        <translation>这一天还是空的</translation>
+    </message>
+    <message id="Add a past year">
+        <source></source>
+        <extracomment>Card that opens a menu of years.</extracomment>
+        <translation>补写往年</translation>
+    </message>
+    <message id="AccessibleAddYear">
+        <source></source>
+        <extracomment>Read aloud behind the name of that card.</extracomment>
+        <translation>打开年份菜单</translation>
+    </message>
+    <message id="YearCalendarTitle">
+        <source></source>
+        <extracomment>Title of the window with all dates of the year.</extracomment>
+        <translation>年历</translation>
+    </message>
+    <message id="%d d" numerus="yes">
+        <source></source>
+        <extracomment>Number of a month's days with text; as short as it can be.</extracomment>
+        <translation>
+            <numerusform>%n 天</numerusform>
+        </translation>
+    </message>
+    <message id="YearsWrittenLegend">
+        <source></source>
+        <extracomment>Ahead of the shades for 0, 1, 2, and 3 or more years.</extracomment>
+        <translation>写过的年数</translation>
+    </message>
+    <message id="YearFootnote">
+        <source></source>
+        <extracomment>Below the calendar.</extracomment>
+        <translation>一格是一个日期，合着它的每一年。描边的是 02-29，闰年才轮到它。</translation>
+    </message>
+    <message id="HeatCell" numerus="yes">
+        <source></source>
+        <extracomment>A date of the calendar with the number of its written years; %1 is the date, March 7.</extracomment>
+        <translation>
+            <numerusform>%1 · %n 年</numerusform>
+        </translation>
+    </message>
+    <message id="HeatCellEmpty">
+        <source></source>
+        <extracomment>The same for a date without text.</extracomment>
+        <translation>%1 · 没有写过</translation>
+    </message>
 
     <!-- Page and all years -->
     <message id="(empty file)">

@@ -55,6 +55,12 @@ void Button::setIconName(const QString& name) {
     update();
 }
 
+void Button::setLabelWeight(QFont::Weight weight) {
+    m_labelWeight = weight;
+    updateGeometry();
+    update();
+}
+
 void Button::setHint(const QString& text, const QKeySequence& shortcut) {
     const QString key = shortcut.toString(QKeySequence::NativeText);
     setToolTip(key.isEmpty() ? text : text + QStringLiteral("   ") + key);
@@ -116,7 +122,7 @@ void Button::paintLabel(QPainter& painter, const ButtonColors& colors) const {
 }
 
 QFont Button::labelFont() const {
-    return fonts::sans(buttonMeasures(m_kind, m_size).fontSize, QFont::Medium);
+    return fonts::sans(buttonMeasures(m_kind, m_size).fontSize, m_labelWeight);
 }
 
 ButtonColors Button::colors() const {

@@ -47,6 +47,32 @@ void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text,
     layout.draw(&painter, rect.topLeft());
 }
 
+void paintLines(QPainter& painter, const QRectF& rect, const QString& text, const TextLook& look,
+                int lineCount) {
+    QTextLayout layout(text, look.font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    int shown = 0;
+    QTextLine line = layout.createLine();
+    for (; line.isValid() && shown < lineCount; line = layout.createLine()) {
+        line.setLineWidth(rect.width());
+        const double top = shown * look.lineHeight;
+        line.setPosition({0, top + fonts::baseline(look.font, look.lineHeight) - line.ascent()});
+        ++shown;
+    }
+    const bool isCut = line.isValid();
+    layout.endLayout();
+    painter.setPen(theme::color(look.color));
+    const int whole = isCut ? shown - 1 : shown;
+    for (int i = 0; i < whole; ++i) layout.lineAt(i).draw(&painter, rect.topLeft());
+    if (!isCut) return;
+    const QRectF last(rect.left(), rect.top() + whole * look.lineHeight, rect.width(),
+                      look.lineHeight);
+    paintLine(painter, last, text.mid(layout.lineAt(whole).textStart()), look);
+}
+
 double paragraphHeight(const QString& text, const TextLook& look, double width) {
     QTextLayout layout(text, look.font);
     return std::max(1, layOut(layout, look, width)) * look.lineHeight;

@@ -25,6 +25,10 @@ void paintLine(QPainter& painter, const QRectF& rect, const QString& text, const
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text,
                     const TextLook& look);
 
+// Wrapped text of at most this many lines; the last one is elided where there is more.
+void paintLines(QPainter& painter, const QRectF& rect, const QString& text, const TextLook& look,
+                int lineCount);
+
 // The height of the same text wrapped at this width; a whole number of lines, at least one.
 [[nodiscard]] double paragraphHeight(const QString& text, const TextLook& look, double width);
 
