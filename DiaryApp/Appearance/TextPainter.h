@@ -21,9 +21,10 @@ struct TextLook {
 void paintLine(QPainter& painter, const QRectF& rect, const QString& text, const TextLook& look,
                Qt::Alignment alignment = Qt::AlignLeft);
 
-// Wrapped text from the rectangle's top. Lines below its bottom are painted too.
+// Wrapped text from the rectangle's top. Lines below its bottom are painted too; AlignHCenter
+// centres each line.
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text,
-                    const TextLook& look);
+                    const TextLook& look, Qt::Alignment alignment = Qt::AlignLeft);
 
 // The height of the same text wrapped at this width; a whole number of lines, at least one.
 [[nodiscard]] double paragraphHeight(const QString& text, const TextLook& look, double width);
