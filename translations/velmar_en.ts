@@ -821,6 +821,345 @@
     </message>
 
     <!-- Settings and first start -->
+    <message id="OnboardTitle">
+        <source></source>
+        <extracomment>Title of the sheet of a first start.</extracomment>
+        <translation>Where should your diary live?</translation>
+    </message>
+    <message id="OnboardInfo">
+        <source></source>
+        <extracomment>Below it. Says that a cloud folder keeps machines in step, and that the settings can change it.</extracomment>
+        <translation>Velmar keeps it as plain Markdown files, one for each date of the year, in a folder of yours. In the cloud folder it stays in step between your machines. You can change your mind in the settings.</translation>
+    </message>
+    <message id="OnboardICloud">
+        <source></source>
+        <extracomment>Button: the diary goes to the cloud's folder.</extracomment>
+        <translation>Keep It in the Cloud Folder</translation>
+    </message>
+    <message id="OnboardLocal">
+        <source></source>
+        <extracomment>Button: the diary stays on this machine.</extracomment>
+        <translation>Keep It on This Computer</translation>
+    </message>
+    <message id="Palette.paper">
+        <source></source>
+        <extracomment>Name of a colour palette.</extracomment>
+        <translation>Paper</translation>
+    </message>
+    <message id="Palette.plain">
+        <source></source>
+        <extracomment>Name of a colour palette, in greys.</extracomment>
+        <translation>Plain</translation>
+    </message>
+    <message id="Palette.osmanthus">
+        <source></source>
+        <extracomment>Name of a colour palette, after the yellow flower.</extracomment>
+        <translation>Osmanthus</translation>
+    </message>
+    <message id="Palette.celadon">
+        <source></source>
+        <extracomment>Name of a colour palette, after the glaze.</extracomment>
+        <translation>Celadon</translation>
+    </message>
+    <message id="Palette.ink">
+        <source></source>
+        <extracomment>Name of a dark colour palette.</extracomment>
+        <translation>Ink</translation>
+    </message>
+    <message id="Palette.indigo">
+        <source></source>
+        <extracomment>Name of a dark colour palette.</extracomment>
+        <translation>Indigo</translation>
+    </message>
+    <message id="Settings.Title">
+        <source></source>
+        <extracomment>Title of the window.</extracomment>
+        <translation>Settings</translation>
+    </message>
+    <message id="Settings.Appearance">
+        <source></source>
+        <extracomment>Section, and name of its choice when read aloud.</extracomment>
+        <translation>Appearance</translation>
+    </message>
+    <message id="Settings.Light">
+        <source></source>
+        <extracomment>Appearance.</extracomment>
+        <translation>Light</translation>
+    </message>
+    <message id="Settings.Dark">
+        <source></source>
+        <extracomment>Appearance.</extracomment>
+        <translation>Dark</translation>
+    </message>
+    <message id="Settings.System">
+        <source></source>
+        <extracomment>Appearance: as the desktop has it.</extracomment>
+        <translation>System</translation>
+    </message>
+    <message id="Settings.LightPalettes">
+        <source></source>
+        <extracomment>Name of a group of palettes, read aloud.</extracomment>
+        <translation>Light palettes</translation>
+    </message>
+    <message id="Settings.DarkPalettes">
+        <source></source>
+        <extracomment>Name of a group of palettes, read aloud.</extracomment>
+        <translation>Dark palettes</translation>
+    </message>
+    <message id="Settings.Writing">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>Writing</translation>
+    </message>
+    <message id="Settings.Font">
+        <source></source>
+        <extracomment>Name of a choice, read aloud.</extracomment>
+        <translation>Font</translation>
+    </message>
+    <message id="Settings.DefaultFont">
+        <source></source>
+        <extracomment>Choice of a font; %1 is the font that it stands for.</extracomment>
+        <translation>Default (%1)</translation>
+    </message>
+    <message id="Settings.FontSize">
+        <source></source>
+        <extracomment>Name of a number, read aloud.</extracomment>
+        <translation>Font size</translation>
+    </message>
+    <message id="Settings.Smaller">
+        <source></source>
+        <extracomment>Button of the font size.</extracomment>
+        <translation>Smaller</translation>
+    </message>
+    <message id="Settings.Larger">
+        <source></source>
+        <extracomment>Button of the font size.</extracomment>
+        <translation>Larger</translation>
+    </message>
+    <message id="Settings.Sample">
+        <source></source>
+        <extracomment>A sample of the font; one short sentence.</extracomment>
+        <translation>A date is a place.</translation>
+    </message>
+    <message id="Settings.GapYears">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>Show the years not written under an entry</translation>
+    </message>
+    <message id="Settings.Photos">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>Photos</translation>
+    </message>
+    <message id="Settings.PhotoStyle">
+        <source></source>
+        <extracomment>Name of a choice, read aloud.</extracomment>
+        <translation>Layout of photos</translation>
+    </message>
+    <message id="Settings.Strip">
+        <source></source>
+        <extracomment>Layout of photos: one row.</extracomment>
+        <translation>Strip</translation>
+    </message>
+    <message id="Settings.Timeline">
+        <source></source>
+        <extracomment>Layout of photos: by their time of day.</extracomment>
+        <translation>Timeline</translation>
+    </message>
+    <message id="Settings.Mosaic">
+        <source></source>
+        <extracomment>Layout of photos: rows of different sizes.</extracomment>
+        <translation>Mosaic</translation>
+    </message>
+    <message id="Settings.ShowPhotos">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>Show the photos taken on the day</translation>
+    </message>
+    <message id="Settings.NoHiddenPhotos">
+        <source></source>
+        <extracomment>The count of photos that the user hid is none.</extracomment>
+        <translation>No photos hidden</translation>
+    </message>
+    <message id="Settings.HiddenPhotos" numerus="yes">
+        <source></source>
+        <extracomment>How many photos the user hid.</extracomment>
+        <translation>
+            <numerusform>%n photo hidden</numerusform>
+            <numerusform>%n photos hidden</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.HiddenPhotosSynced" numerus="yes">
+        <source></source>
+        <extracomment>The same, where the cloud brings the choice to other machines.</extracomment>
+        <translation>
+            <numerusform>%n photo hidden · kept in step through the diary folder</numerusform>
+            <numerusform>%n photos hidden · kept in step through the diary folder</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.RestoreAll">
+        <source></source>
+        <extracomment>Button: shows all hidden photos again, after a question.</extracomment>
+        <translation>Restore All…</translation>
+    </message>
+    <message id="Settings.RestoreAllTitle">
+        <source></source>
+        <extracomment>Question.</extracomment>
+        <translation>Restore all hidden photos?</translation>
+    </message>
+    <message id="Settings.RestoreAllInfo" numerus="yes">
+        <source></source>
+        <extracomment>Below it.</extracomment>
+        <translation>
+            <numerusform>%n photo will be shown again on its day.</numerusform>
+            <numerusform>%n photos will be shown again on their days.</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.RestoreAllConfirm">
+        <source></source>
+        <extracomment>Button that does it.</extracomment>
+        <translation>Restore All</translation>
+    </message>
+    <message id="Settings.Cancel">
+        <source></source>
+        <extracomment>Button that leaves a question.</extracomment>
+        <translation>Cancel</translation>
+    </message>
+    <message id="Settings.Folder">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>Diary folder</translation>
+    </message>
+    <message id="Settings.Choose">
+        <source></source>
+        <extracomment>Button: opens a window to choose a folder.</extracomment>
+        <translation>Choose…</translation>
+    </message>
+    <message id="Settings.ChooseTitle">
+        <source></source>
+        <extracomment>Title of that window.</extracomment>
+        <translation>Choose the diary’s folder</translation>
+    </message>
+    <message id="Settings.UseCloud">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>Use Cloud Folder</translation>
+    </message>
+    <message id="Settings.UseDefault">
+        <source></source>
+        <extracomment>Button: forgets the chosen folder.</extracomment>
+        <translation>Use Default</translation>
+    </message>
+    <message id="Settings.FolderFailedTitle">
+        <source></source>
+        <extracomment>A chosen folder can't be used.</extracomment>
+        <translation>This folder can’t hold the diary</translation>
+    </message>
+    <message id="Settings.FolderNotAFolder">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 is not a folder. Nothing was changed.</translation>
+    </message>
+    <message id="Settings.FolderNotWritable">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>Velmar may not write in %1. Nothing was changed.</translation>
+    </message>
+    <message id="Settings.FolderCannotBeMade">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 doesn’t exist and can’t be made. Nothing was changed.</translation>
+    </message>
+    <message id="Settings.InAndOut">
+        <source></source>
+        <extracomment>Section: import and export.</extracomment>
+        <translation>In and out</translation>
+    </message>
+    <message id="Settings.Import">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>Import…</translation>
+    </message>
+    <message id="Settings.Export">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>Export…</translation>
+    </message>
+    <message id="Settings.ImportRecords">
+        <source></source>
+        <extracomment>Button: opens the list of imports made.</extracomment>
+        <translation>Import Records…</translation>
+    </message>
+    <message id="Settings.Language">
+        <source></source>
+        <extracomment>Section, and name of its choice when read aloud.</extracomment>
+        <translation>Language</translation>
+    </message>
+    <message id="Settings.SystemLanguage">
+        <source></source>
+        <extracomment>Choice of a language: the desktop's.</extracomment>
+        <translation>Same as the system</translation>
+    </message>
+    <message id="Settings.Updates">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>Updates</translation>
+    </message>
+    <message id="Settings.AutoUpdate">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>Look for updates once a day</translation>
+    </message>
+    <message id="Settings.CheckNow">
+        <source></source>
+        <extracomment>Button: looks for an update.</extracomment>
+        <translation>Check Now</translation>
+    </message>
+    <message id="Settings.UpdateUnsupported">
+        <source></source>
+        <extracomment>Instead of an update's state: this build has none.</extracomment>
+        <translation>This build of Velmar doesn’t update itself</translation>
+    </message>
+    <message id="Settings.NeverChecked">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>Not checked yet</translation>
+    </message>
+    <message id="Settings.LastChecked">
+        <source></source>
+        <extracomment>State of updates. %1 is a day, such as today; %2 a time.</extracomment>
+        <translation>Last checked %1, %2</translation>
+    </message>
+    <message id="Settings.Checking">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>Looking for updates…</translation>
+    </message>
+    <message id="Settings.UpToDate">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 is the newest version</translation>
+    </message>
+    <message id="Settings.UpToDateChecked">
+        <source></source>
+        <extracomment>The same; %2 is a day, such as today; %3 a time.</extracomment>
+        <translation>Velmar %1 is the newest version · checked %2, %3</translation>
+    </message>
+    <message id="Settings.Downloading">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Downloading Velmar %1…</translation>
+    </message>
+    <message id="Settings.UpdateReady">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 is ready and will be installed when you quit</translation>
+    </message>
+    <message id="Settings.UpdateFailed">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>The last check failed</translation>
+    </message>
 
 </context>
 </TS>

@@ -802,6 +802,342 @@
     </message>
 
     <!-- Settings and first start -->
+    <message id="OnboardTitle">
+        <source></source>
+        <extracomment>Title of the sheet of a first start.</extracomment>
+        <translation>日記をどこに置きますか？</translation>
+    </message>
+    <message id="OnboardInfo">
+        <source></source>
+        <extracomment>Below it. Says that a cloud folder keeps machines in step, and that the settings can change it.</extracomment>
+        <translation>Velmar は日記をふつうの Markdown ファイルとして、一年の日付ごとに一つずつ、ご自分のフォルダに保存します。クラウドのフォルダに置けば、ほかのコンピュータとも同じ内容に保たれます。あとから設定で変えられます。</translation>
+    </message>
+    <message id="OnboardICloud">
+        <source></source>
+        <extracomment>Button: the diary goes to the cloud's folder.</extracomment>
+        <translation>クラウドのフォルダに置く</translation>
+    </message>
+    <message id="OnboardLocal">
+        <source></source>
+        <extracomment>Button: the diary stays on this machine.</extracomment>
+        <translation>このコンピュータに置く</translation>
+    </message>
+    <message id="Palette.paper">
+        <source></source>
+        <extracomment>Name of a colour palette.</extracomment>
+        <translation>紙</translation>
+    </message>
+    <message id="Palette.plain">
+        <source></source>
+        <extracomment>Name of a colour palette, in greys.</extracomment>
+        <translation>素</translation>
+    </message>
+    <message id="Palette.osmanthus">
+        <source></source>
+        <extracomment>Name of a colour palette, after the yellow flower.</extracomment>
+        <translation>金木犀</translation>
+    </message>
+    <message id="Palette.celadon">
+        <source></source>
+        <extracomment>Name of a colour palette, after the glaze.</extracomment>
+        <translation>青磁</translation>
+    </message>
+    <message id="Palette.ink">
+        <source></source>
+        <extracomment>Name of a dark colour palette.</extracomment>
+        <translation>墨</translation>
+    </message>
+    <message id="Palette.indigo">
+        <source></source>
+        <extracomment>Name of a dark colour palette.</extracomment>
+        <translation>藍</translation>
+    </message>
+    <message id="Settings.Title">
+        <source></source>
+        <extracomment>Title of the window.</extracomment>
+        <translation>設定</translation>
+    </message>
+    <message id="Settings.Appearance">
+        <source></source>
+        <extracomment>Section, and name of its choice when read aloud.</extracomment>
+        <translation>外観</translation>
+    </message>
+    <message id="Settings.Light">
+        <source></source>
+        <extracomment>Appearance.</extracomment>
+        <translation>ライト</translation>
+    </message>
+    <message id="Settings.Dark">
+        <source></source>
+        <extracomment>Appearance.</extracomment>
+        <translation>ダーク</translation>
+    </message>
+    <message id="Settings.System">
+        <source></source>
+        <extracomment>Appearance: as the desktop has it.</extracomment>
+        <translation>システム</translation>
+    </message>
+    <message id="Settings.LightPalettes">
+        <source></source>
+        <extracomment>Name of a group of palettes, read aloud.</extracomment>
+        <translation>ライトの配色</translation>
+    </message>
+    <message id="Settings.DarkPalettes">
+        <source></source>
+        <extracomment>Name of a group of palettes, read aloud.</extracomment>
+        <translation>ダークの配色</translation>
+    </message>
+    <message id="Settings.Writing">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>文章</translation>
+    </message>
+    <message id="Settings.Font">
+        <source></source>
+        <extracomment>Name of a choice, read aloud.</extracomment>
+        <translation>フォント</translation>
+    </message>
+    <message id="Settings.DefaultFont">
+        <source></source>
+        <extracomment>Choice of a font; %1 is the font that it stands for.</extracomment>
+        <translation>標準（%1）</translation>
+    </message>
+    <message id="Settings.FontSize">
+        <source></source>
+        <extracomment>Name of a number, read aloud.</extracomment>
+        <translation>文字の大きさ</translation>
+    </message>
+    <message id="Settings.Smaller">
+        <source></source>
+        <extracomment>Button of the font size.</extracomment>
+        <translation>小さく</translation>
+    </message>
+    <message id="Settings.Larger">
+        <source></source>
+        <extracomment>Button of the font size.</extracomment>
+        <translation>大きく</translation>
+    </message>
+    <message id="Settings.Sample">
+        <source></source>
+        <extracomment>A sample of the font; one short sentence.</extracomment>
+        <translation>日付は、ひとつの場所。</translation>
+    </message>
+    <message id="Settings.GapYears">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>書いていない年を本文の下に示す</translation>
+    </message>
+    <message id="Settings.Photos">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>写真</translation>
+    </message>
+    <message id="Settings.PhotoStyle">
+        <source></source>
+        <extracomment>Name of a choice, read aloud.</extracomment>
+        <translation>写真の並べ方</translation>
+    </message>
+    <message id="Settings.Strip">
+        <source></source>
+        <extracomment>Layout of photos: one row.</extracomment>
+        <translation>横一列</translation>
+    </message>
+    <message id="Settings.Timeline">
+        <source></source>
+        <extracomment>Layout of photos: by their time of day.</extracomment>
+        <translation>時刻順</translation>
+    </message>
+    <message id="Settings.Mosaic">
+        <source></source>
+        <extracomment>Layout of photos: rows of different sizes.</extracomment>
+        <translation>モザイク</translation>
+    </message>
+    <message id="Settings.ShowPhotos">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>その日に撮った写真を表示する</translation>
+    </message>
+    <message id="Settings.NoHiddenPhotos">
+        <source></source>
+        <extracomment>The count of photos that the user hid is none.</extracomment>
+        <translation>非表示の写真はありません</translation>
+    </message>
+    <message id="Settings.HiddenPhotos" numerus="yes">
+        <source></source>
+        <extracomment>How many photos the user hid.</extracomment>
+        <translation>
+            <numerusform>%n 枚の写真を非表示にしています</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.HiddenPhotosSynced" numerus="yes">
+        <source></source>
+        <extracomment>The same, where the cloud brings the choice to other machines.</extracomment>
+        <translation>
+            <numerusform>%n 枚の写真を非表示 · 日記フォルダを通して同じに保たれます</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.RestoreAll">
+        <source></source>
+        <extracomment>Button: shows all hidden photos again, after a question.</extracomment>
+        <translation>すべて戻す…</translation>
+    </message>
+    <message id="Settings.RestoreAllTitle">
+        <source></source>
+        <extracomment>Question.</extracomment>
+        <translation>非表示の写真をすべて戻しますか？</translation>
+    </message>
+    <message id="Settings.RestoreAllInfo" numerus="yes">
+        <source></source>
+        <extracomment>Below it.</extracomment>
+        <translation>
+            <numerusform>%n 枚の写真が、それぞれの日にまた表示されます。</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.RestoreAllConfirm">
+        <source></source>
+        <extracomment>Button that does it.</extracomment>
+        <translation>すべて戻す</translation>
+    </message>
+    <message id="Settings.Cancel">
+        <source></source>
+        <extracomment>Button that leaves a question.</extracomment>
+        <translation>キャンセル</translation>
+    </message>
+    <message id="Settings.Folder">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>日記フォルダ</translation>
+    </message>
+    <message id="Settings.Choose">
+        <source></source>
+        <extracomment>Button: opens a window to choose a folder.</extracomment>
+        <translation>選ぶ…</translation>
+    </message>
+    <message id="Settings.ChooseTitle">
+        <source></source>
+        <extracomment>Title of that window.</extracomment>
+        <translation>日記フォルダを選ぶ</translation>
+    </message>
+    <message id="Settings.UseCloud">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>クラウドのフォルダを使う</translation>
+    </message>
+    <message id="Settings.UseDefault">
+        <source></source>
+        <extracomment>Button: forgets the chosen folder.</extracomment>
+        <translation>標準の場所を使う</translation>
+    </message>
+    <message id="Settings.FolderFailedTitle">
+        <source></source>
+        <extracomment>A chosen folder can't be used.</extracomment>
+        <translation>このフォルダには日記を置けません</translation>
+    </message>
+    <message id="Settings.FolderNotAFolder">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 はフォルダではありません。何も変更していません。</translation>
+    </message>
+    <message id="Settings.FolderNotWritable">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 に書き込む権限がありません。何も変更していません。</translation>
+    </message>
+    <message id="Settings.FolderCannotBeMade">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 は存在せず、作ることもできません。何も変更していません。</translation>
+    </message>
+    <message id="Settings.InAndOut">
+        <source></source>
+        <extracomment>Section: import and export.</extracomment>
+        <translation>読み込みと書き出し</translation>
+    </message>
+    <message id="Settings.Import">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>読み込む…</translation>
+    </message>
+    <message id="Settings.Export">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>書き出す…</translation>
+    </message>
+    <message id="Settings.ImportRecords">
+        <source></source>
+        <extracomment>Button: opens the list of imports made.</extracomment>
+        <translation>読み込みの記録…</translation>
+    </message>
+    <message id="Settings.Language">
+        <source></source>
+        <extracomment>Section, and name of its choice when read aloud.</extracomment>
+        <translation>言語</translation>
+    </message>
+    <message id="Settings.SystemLanguage">
+        <source></source>
+        <extracomment>Choice of a language: the desktop's.</extracomment>
+        <translation>システムと同じ</translation>
+    </message>
+    <message id="Settings.Updates">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>アップデート</translation>
+    </message>
+    <message id="Settings.AutoUpdate">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>一日に一度アップデートを確認する</translation>
+    </message>
+    <message id="Settings.CheckNow">
+        <source></source>
+        <extracomment>Button: looks for an update.</extracomment>
+        <translation>今すぐ確認</translation>
+    </message>
+    <message id="Settings.UpdateUnsupported">
+        <source></source>
+        <extracomment>Instead of an update's state: this build has none.</extracomment>
+        <translation>この Velmar は自動では更新されません</translation>
+    </message>
+    <message id="Settings.NeverChecked">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>まだ確認していません</translation>
+    </message>
+    <message id="Settings.LastChecked">
+        <source></source>
+        <extracomment>State of updates. %1 is a day, such as today; %2 a time.</extracomment>
+        <translation>最後の確認：%1 %2</translation>
+    </message>
+    <message id="Settings.Checking">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>アップデートを確認しています…</translation>
+    </message>
+    <message id="Settings.UpToDate">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 は最新です</translation>
+    </message>
+    <message id="Settings.UpToDateChecked">
+        <source></source>
+        <extracomment>The same; %2 is a day, such as today; %3 a time.</extracomment>
+        <translation>Velmar %1 は最新です · %2 %3 に確認</translation>
+    </message>
+    <message id="Settings.Downloading">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 をダウンロードしています…</translation>
+    </message>
+    <message id="Settings.UpdateReady">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 の準備ができました。終了時に入れ替わります</translation>
+    </message>
+    <message id="Settings.UpdateFailed">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>最後の確認に失敗しました</translation>
+    </message>
 
 </context>
 </TS>

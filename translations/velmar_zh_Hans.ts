@@ -802,6 +802,342 @@
     </message>
 
     <!-- Settings and first start -->
+    <message id="OnboardTitle">
+        <source></source>
+        <extracomment>Title of the sheet of a first start.</extracomment>
+        <translation>日记放在哪里？</translation>
+    </message>
+    <message id="OnboardInfo">
+        <source></source>
+        <extracomment>Below it. Says that a cloud folder keeps machines in step, and that the settings can change it.</extracomment>
+        <translation>Velmar 把日记写成普通的 Markdown 文件，一年中的每一天各一份，放在你自己的文件夹里。放进云端文件夹，几台电脑之间会保持一致。以后可以在设置里改。</translation>
+    </message>
+    <message id="OnboardICloud">
+        <source></source>
+        <extracomment>Button: the diary goes to the cloud's folder.</extracomment>
+        <translation>放进云端文件夹</translation>
+    </message>
+    <message id="OnboardLocal">
+        <source></source>
+        <extracomment>Button: the diary stays on this machine.</extracomment>
+        <translation>放在这台电脑上</translation>
+    </message>
+    <message id="Palette.paper">
+        <source></source>
+        <extracomment>Name of a colour palette.</extracomment>
+        <translation>纸</translation>
+    </message>
+    <message id="Palette.plain">
+        <source></source>
+        <extracomment>Name of a colour palette, in greys.</extracomment>
+        <translation>素</translation>
+    </message>
+    <message id="Palette.osmanthus">
+        <source></source>
+        <extracomment>Name of a colour palette, after the yellow flower.</extracomment>
+        <translation>桂</translation>
+    </message>
+    <message id="Palette.celadon">
+        <source></source>
+        <extracomment>Name of a colour palette, after the glaze.</extracomment>
+        <translation>青瓷</translation>
+    </message>
+    <message id="Palette.ink">
+        <source></source>
+        <extracomment>Name of a dark colour palette.</extracomment>
+        <translation>墨</translation>
+    </message>
+    <message id="Palette.indigo">
+        <source></source>
+        <extracomment>Name of a dark colour palette.</extracomment>
+        <translation>靛</translation>
+    </message>
+    <message id="Settings.Title">
+        <source></source>
+        <extracomment>Title of the window.</extracomment>
+        <translation>设置</translation>
+    </message>
+    <message id="Settings.Appearance">
+        <source></source>
+        <extracomment>Section, and name of its choice when read aloud.</extracomment>
+        <translation>外观</translation>
+    </message>
+    <message id="Settings.Light">
+        <source></source>
+        <extracomment>Appearance.</extracomment>
+        <translation>浅色</translation>
+    </message>
+    <message id="Settings.Dark">
+        <source></source>
+        <extracomment>Appearance.</extracomment>
+        <translation>深色</translation>
+    </message>
+    <message id="Settings.System">
+        <source></source>
+        <extracomment>Appearance: as the desktop has it.</extracomment>
+        <translation>跟随系统</translation>
+    </message>
+    <message id="Settings.LightPalettes">
+        <source></source>
+        <extracomment>Name of a group of palettes, read aloud.</extracomment>
+        <translation>浅色配色</translation>
+    </message>
+    <message id="Settings.DarkPalettes">
+        <source></source>
+        <extracomment>Name of a group of palettes, read aloud.</extracomment>
+        <translation>深色配色</translation>
+    </message>
+    <message id="Settings.Writing">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>书写</translation>
+    </message>
+    <message id="Settings.Font">
+        <source></source>
+        <extracomment>Name of a choice, read aloud.</extracomment>
+        <translation>字体</translation>
+    </message>
+    <message id="Settings.DefaultFont">
+        <source></source>
+        <extracomment>Choice of a font; %1 is the font that it stands for.</extracomment>
+        <translation>默认（%1）</translation>
+    </message>
+    <message id="Settings.FontSize">
+        <source></source>
+        <extracomment>Name of a number, read aloud.</extracomment>
+        <translation>字号</translation>
+    </message>
+    <message id="Settings.Smaller">
+        <source></source>
+        <extracomment>Button of the font size.</extracomment>
+        <translation>调小</translation>
+    </message>
+    <message id="Settings.Larger">
+        <source></source>
+        <extracomment>Button of the font size.</extracomment>
+        <translation>调大</translation>
+    </message>
+    <message id="Settings.Sample">
+        <source></source>
+        <extracomment>A sample of the font; one short sentence.</extracomment>
+        <translation>日子是一处地方。</translation>
+    </message>
+    <message id="Settings.GapYears">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>在正文下列出没有写的年份</translation>
+    </message>
+    <message id="Settings.Photos">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>照片</translation>
+    </message>
+    <message id="Settings.PhotoStyle">
+        <source></source>
+        <extracomment>Name of a choice, read aloud.</extracomment>
+        <translation>照片排列</translation>
+    </message>
+    <message id="Settings.Strip">
+        <source></source>
+        <extracomment>Layout of photos: one row.</extracomment>
+        <translation>长条</translation>
+    </message>
+    <message id="Settings.Timeline">
+        <source></source>
+        <extracomment>Layout of photos: by their time of day.</extracomment>
+        <translation>时间线</translation>
+    </message>
+    <message id="Settings.Mosaic">
+        <source></source>
+        <extracomment>Layout of photos: rows of different sizes.</extracomment>
+        <translation>拼贴</translation>
+    </message>
+    <message id="Settings.ShowPhotos">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>显示当天拍的照片</translation>
+    </message>
+    <message id="Settings.NoHiddenPhotos">
+        <source></source>
+        <extracomment>The count of photos that the user hid is none.</extracomment>
+        <translation>没有隐藏的照片</translation>
+    </message>
+    <message id="Settings.HiddenPhotos" numerus="yes">
+        <source></source>
+        <extracomment>How many photos the user hid.</extracomment>
+        <translation>
+            <numerusform>隐藏了 %n 张照片</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.HiddenPhotosSynced" numerus="yes">
+        <source></source>
+        <extracomment>The same, where the cloud brings the choice to other machines.</extracomment>
+        <translation>
+            <numerusform>隐藏了 %n 张照片 · 通过日记文件夹保持一致</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.RestoreAll">
+        <source></source>
+        <extracomment>Button: shows all hidden photos again, after a question.</extracomment>
+        <translation>全部恢复…</translation>
+    </message>
+    <message id="Settings.RestoreAllTitle">
+        <source></source>
+        <extracomment>Question.</extracomment>
+        <translation>恢复所有隐藏的照片？</translation>
+    </message>
+    <message id="Settings.RestoreAllInfo" numerus="yes">
+        <source></source>
+        <extracomment>Below it.</extracomment>
+        <translation>
+            <numerusform>%n 张照片会重新出现在各自的日子里。</numerusform>
+        </translation>
+    </message>
+    <message id="Settings.RestoreAllConfirm">
+        <source></source>
+        <extracomment>Button that does it.</extracomment>
+        <translation>全部恢复</translation>
+    </message>
+    <message id="Settings.Cancel">
+        <source></source>
+        <extracomment>Button that leaves a question.</extracomment>
+        <translation>取消</translation>
+    </message>
+    <message id="Settings.Folder">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>日记文件夹</translation>
+    </message>
+    <message id="Settings.Choose">
+        <source></source>
+        <extracomment>Button: opens a window to choose a folder.</extracomment>
+        <translation>选择…</translation>
+    </message>
+    <message id="Settings.ChooseTitle">
+        <source></source>
+        <extracomment>Title of that window.</extracomment>
+        <translation>选择日记文件夹</translation>
+    </message>
+    <message id="Settings.UseCloud">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>用云端文件夹</translation>
+    </message>
+    <message id="Settings.UseDefault">
+        <source></source>
+        <extracomment>Button: forgets the chosen folder.</extracomment>
+        <translation>用默认位置</translation>
+    </message>
+    <message id="Settings.FolderFailedTitle">
+        <source></source>
+        <extracomment>A chosen folder can't be used.</extracomment>
+        <translation>这个文件夹不能放日记</translation>
+    </message>
+    <message id="Settings.FolderNotAFolder">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 不是文件夹。什么都没有改动。</translation>
+    </message>
+    <message id="Settings.FolderNotWritable">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>Velmar 无权写入 %1。什么都没有改动。</translation>
+    </message>
+    <message id="Settings.FolderCannotBeMade">
+        <source></source>
+        <extracomment>%1 is a path.</extracomment>
+        <translation>%1 不存在，也无法新建。什么都没有改动。</translation>
+    </message>
+    <message id="Settings.InAndOut">
+        <source></source>
+        <extracomment>Section: import and export.</extracomment>
+        <translation>导入与导出</translation>
+    </message>
+    <message id="Settings.Import">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>导入…</translation>
+    </message>
+    <message id="Settings.Export">
+        <source></source>
+        <extracomment>Button.</extracomment>
+        <translation>导出…</translation>
+    </message>
+    <message id="Settings.ImportRecords">
+        <source></source>
+        <extracomment>Button: opens the list of imports made.</extracomment>
+        <translation>导入记录…</translation>
+    </message>
+    <message id="Settings.Language">
+        <source></source>
+        <extracomment>Section, and name of its choice when read aloud.</extracomment>
+        <translation>语言</translation>
+    </message>
+    <message id="Settings.SystemLanguage">
+        <source></source>
+        <extracomment>Choice of a language: the desktop's.</extracomment>
+        <translation>跟随系统</translation>
+    </message>
+    <message id="Settings.Updates">
+        <source></source>
+        <extracomment>Section.</extracomment>
+        <translation>更新</translation>
+    </message>
+    <message id="Settings.AutoUpdate">
+        <source></source>
+        <extracomment>Check box.</extracomment>
+        <translation>每天检查一次更新</translation>
+    </message>
+    <message id="Settings.CheckNow">
+        <source></source>
+        <extracomment>Button: looks for an update.</extracomment>
+        <translation>立即检查</translation>
+    </message>
+    <message id="Settings.UpdateUnsupported">
+        <source></source>
+        <extracomment>Instead of an update's state: this build has none.</extracomment>
+        <translation>这个版本的 Velmar 不会自行更新</translation>
+    </message>
+    <message id="Settings.NeverChecked">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>还没有检查过</translation>
+    </message>
+    <message id="Settings.LastChecked">
+        <source></source>
+        <extracomment>State of updates. %1 is a day, such as today; %2 a time.</extracomment>
+        <translation>上次检查：%1 %2</translation>
+    </message>
+    <message id="Settings.Checking">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>正在检查更新…</translation>
+    </message>
+    <message id="Settings.UpToDate">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 已是最新版本</translation>
+    </message>
+    <message id="Settings.UpToDateChecked">
+        <source></source>
+        <extracomment>The same; %2 is a day, such as today; %3 a time.</extracomment>
+        <translation>Velmar %1 已是最新版本 · %2 %3 检查过</translation>
+    </message>
+    <message id="Settings.Downloading">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>正在下载 Velmar %1…</translation>
+    </message>
+    <message id="Settings.UpdateReady">
+        <source></source>
+        <extracomment>State of updates; %1 is a version.</extracomment>
+        <translation>Velmar %1 已就绪，退出时安装</translation>
+    </message>
+    <message id="Settings.UpdateFailed">
+        <source></source>
+        <extracomment>State of updates.</extracomment>
+        <translation>上次检查没有成功</translation>
+    </message>
 
 </context>
 </TS>

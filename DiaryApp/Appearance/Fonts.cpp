@@ -61,6 +61,10 @@ QFont body(const Settings& settings, double size) {
     const QString family = bodyFamily(settings.bodyFontFamily(), [](const QString& name) {
         return QFontDatabase::hasFamily(name);
     });
+    return body(family, size);
+}
+
+QFont body(const QString& family, double size) {
     return make(family, cjk(QStringLiteral("Serif")), size, QFont::Normal);
 }
 

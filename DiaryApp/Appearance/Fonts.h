@@ -21,6 +21,8 @@ void setLanguage(Language chosen);
 // The body of the diary: the user's choice if that family is there, else the first of the
 // preferred Chinese families that is installed, else the serif below.
 [[nodiscard]] QFont body(const Settings& settings, double size);
+// The body in this family, with the same fonts behind it.
+[[nodiscard]] QFont body(const QString& family, double size);
 
 // The family that the body is set in, by the same rule: chosen, "PingFang SC", "Songti SC", and the
 // serif that Velmar brings along, which is always there.

@@ -24,7 +24,8 @@ public:
 
     explicit SegmentedControl(QWidget* parent = nullptr);
 
-    // Keeps the chosen index where there is such a choice still; otherwise the first is chosen.
+    // Keeps the chosen index where there is such a choice still; otherwise the first is chosen. New
+    // segments come last in the order of the Tab key.
     void setChoices(const std::vector<Choice>& choices);
 
     // Doesn't call onChosen. An index without a choice is ignored.

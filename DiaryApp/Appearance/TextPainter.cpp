@@ -10,8 +10,9 @@ namespace velmar {
 namespace {
 
 // Lays the text out at the width and returns the number of its lines.
-int layOut(QTextLayout& layout, const TextLook& look, double width) {
-    QTextOption option;
+int layOut(QTextLayout& layout, const TextLook& look, double width,
+           Qt::Alignment alignment = Qt::AlignLeft) {
+    QTextOption option(alignment);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     layout.beginLayout();
@@ -40,9 +41,9 @@ void paintLine(QPainter& painter, const QRectF& rect, const QString& text, const
 }
 
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text,
-                    const TextLook& look) {
+                    const TextLook& look, Qt::Alignment alignment) {
     QTextLayout layout(text, look.font);
-    layOut(layout, look, rect.width());
+    layOut(layout, look, rect.width(), alignment);
     painter.setPen(theme::color(look.color));
     layout.draw(&painter, rect.topLeft());
 }

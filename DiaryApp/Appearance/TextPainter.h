@@ -21,9 +21,10 @@ struct TextLook {
 void paintLine(QPainter& painter, const QRectF& rect, const QString& text, const TextLook& look,
                Qt::Alignment alignment = Qt::AlignLeft);
 
-// Wrapped text from the rectangle's top. Lines below its bottom are painted too.
+// Wrapped text from the rectangle's top. Lines below its bottom are painted too; AlignHCenter
+// centres each line.
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text,
-                    const TextLook& look);
+                    const TextLook& look, Qt::Alignment alignment = Qt::AlignLeft);
 
 // Wrapped text of at most this many lines; the last one is elided where there is more.
 void paintLines(QPainter& painter, const QRectF& rect, const QString& text, const TextLook& look,
