@@ -247,6 +247,9 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
         case SH_FocusFrame_AboveWidget:
         case SH_MenuBar_AltKeyNavigation:
             return 1;
+        case SH_FocusFrame_Mask:
+            // The mask would cut the ring where it goes around a box's round corners.
+            return 0;
         case SH_ToolTipLabel_Opacity:
             return 255;
         case SH_Menu_Mask:

@@ -66,6 +66,8 @@ TEST_F(ChipTest, ShowsItsFocusAfterTheKeyboardOnly) {
     QWidget window;
     Chip chip(Chip::Size::Small, &window);
     chip.setText(QStringLiteral("2026"));
+    window.resize(200, 100);
+    chip.setGeometry(QRect(QPoint(50, 50), chip.sizeHint()));
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -76,6 +78,13 @@ TEST_F(ChipTest, ShowsItsFocusAfterTheKeyboardOnly) {
     const auto* ring = window.findChild<QFocusFrame*>();
     ASSERT_NE(ring, nullptr);
     EXPECT_EQ(ring->widget(), &chip);
+    // Where the ring goes around the round corner, it is within the chip's own rectangle.
+    const auto corner = [&] {
+        return window.grab().toImage().pixelColor(chip.pos() + QPoint(1, 1));
+    };
+    const QColor withRing = corner();
+    chip.clearFocus();
+    EXPECT_NE(corner(), withRing);
 }
 
 }  // namespace
