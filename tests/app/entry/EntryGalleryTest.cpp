@@ -34,6 +34,8 @@ protected:
         view = std::make_unique<EntryView>(*settings);
         view->resize(840, 740);
         view->show();
+        view->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(view.get()));
         state.language = GetParam().language;
         state.body = [this](int year) {
             for (const PastEntry& each : state.pastEntries) {
@@ -127,6 +129,22 @@ TEST_P(EntryGallery, AllYears) {
     state.draft.clear();
     const QImage empty = picture(QStringLiteral("all-years-empty"));
     EXPECT_TRUE(holds(empty, {122, 179, 300, 34}, theme::color(Token::EmptyText)));
+}
+
+TEST_P(EntryGallery, CardUnderThePointerAndCardWithTheFocus) {
+    state.showAllYears = true;
+    state.pastEntries.erase(state.pastEntries.begin(), state.pastEntries.begin() + 3);
+    state.pastEntries[0].year = 2024;
+    view->update(entryModel(state));
+    YearCard* card = view->yearCards().at(2024);
+    QHoverEvent over(QEvent::HoverEnter, QPointF(9, 9), QPointF(9, 9), QPointF(-1, -1));
+    QCoreApplication::sendEvent(card, &over);
+    view->yearCards().at(2026)->setFocus(Qt::TabFocusReason);
+    const QImage image = picture(QStringLiteral("states"));
+    EXPECT_EQ(image.pixelColor(400, card->y()), theme::color(Token::CardBorderHover));
+    const QRect hint(card->geometry().right() - 60, card->y() + 13, 40, 26);
+    EXPECT_TRUE(holds(image, hint, theme::color(Token::Accent)));
+    EXPECT_NE(image.pixelColor(400, 140 - 3), theme::color(Token::Paper));
 }
 
 TEST_P(EntryGallery, Source) {
