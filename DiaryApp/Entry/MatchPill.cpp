@@ -52,7 +52,8 @@ void paintShadow(QPainter& painter, const QRectF& box) {
     painter.setPen(Qt::NoPen);
     for (int step = -kShadowBlur; step <= kShadowBlur; ++step) {
         const double grow = step;
-        const double share = (1 + std::cos(std::numbers::pi * step / kShadowBlur)) / (2 * kShadowBlur);
+        const double share =
+            (1 + std::cos(std::numbers::pi * step / kShadowBlur)) / (2 * kShadowBlur);
         const QRectF ring = box.adjusted(-grow, -grow, grow, grow);
         if (ring.height() <= 0) continue;
         painter.setBrush(shadowColor(share));

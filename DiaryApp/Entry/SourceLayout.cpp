@@ -133,11 +133,15 @@ void SourceLayout::drawSelection(QPainter& painter, const QTextBlock& block,
     const int to = selection.cursor.selectionEnd() - block.position();
     for (int row = 0; row < block.layout()->lineCount(); ++row) {
         const QTextLine line = block.layout()->lineAt(row);
+        const int lineEnd = line.textStart() + line.textLength();
         const int start = qMax(from, line.textStart());
-        const int end = qMin(to, line.textStart() + line.textLength());
-        if (start >= end) continue;
+        const int end = qMin(to, lineEnd);
+        // The line break at a paragraph's end is as wide as a letter.
+        const bool hasBreak = row + 1 == block.layout()->lineCount() && from <= lineEnd &&
+                              to > lineEnd && block.next().isValid();
+        if (start >= end && !hasBreak) continue;
         const double one = line.cursorToX(start);
-        const double other = line.cursorToX(end);
+        const double other = line.cursorToX(end) + (hasBreak ? m_narrow : 0);
         painter.fillRect(
             QRectF(qMin(one, other), topOf(block) + row * rowHeight, qAbs(other - one), rowHeight),
             theme::color(Token::SelectionBg));

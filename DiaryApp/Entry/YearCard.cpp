@@ -29,7 +29,8 @@ constexpr qsizetype kSpokenLength = 80;
 
 // The beginning of a text as it is read, ended at a blank if there is one.
 QString firstWords(const QString& body) {
-    const QString plain = diary::MarkdownEditing::plainText(body.left(4 * kSpokenLength));
+    const QString plain =
+        diary::MarkdownEditing::plainText(body.left(4 * kSpokenLength)).simplified();
     if (plain.size() <= kSpokenLength) return plain;
     const qsizetype blank = plain.lastIndexOf(u' ', kSpokenLength);
     return plain.first(blank > 0 ? blank : kSpokenLength) + u'…';

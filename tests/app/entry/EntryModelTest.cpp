@@ -62,7 +62,8 @@ TEST_F(EntryModelTest, LeapDayOfThisCommonYearIsAHint) {
     const EntryModel model = entryModel(state);
     ASSERT_TRUE(std::holds_alternative<EntryModel::Empty>(model.block.kind));
     EXPECT_EQ(std::get<EntryModel::Empty>(model.block.kind).text,
-              QStringLiteral("There is no February 29 this year. The next one comes in 2028."));
+              QStringLiteral("There is no February 29 this year. Its years stand on the right; the "
+                             "next one comes in 2028."));
     EXPECT_TRUE(model.block.ago.isEmpty());
     EXPECT_EQ(model.weekdayName, QStringLiteral("February 29"));
     EXPECT_EQ(model.ordinal, QStringLiteral("Day 60 / 365"));
@@ -104,6 +105,69 @@ TEST_F(EntryModelTest, GapLineCanBeSwitchedOff) {
     EXPECT_TRUE(entryModel(state).gapLine);
     state.showGapYears = false;
     EXPECT_FALSE(entryModel(state).gapLine);
+}
+
+TEST_F(EntryModelTest, TheSourceIsTheWholeFile) {
+    EXPECT_FALSE(entryModel(state).sourceText);
+    state.rawText = QStringLiteral("# 11-21\n\n## 2026\nx\n");
+    EXPECT_FALSE(entryModel(state).sourceText);
+    state.showSource = true;
+    EXPECT_EQ(entryModel(state).sourceText, state.rawText);
+}
+
+TEST_F(EntryModelTest, TheSourceOfAnEmptyFileSaysSo) {
+    struct Row {
+        Language language;
+        QString expected;
+    };
+    const std::vector<Row> rows = {{Language::en, QStringLiteral("(empty file)")},
+                                   {Language::zhHans, QStringLiteral("（空文件）")},
+                                   {Language::ja, QStringLiteral("（空のファイル）")}};
+    state.showSource = true;
+    for (const Row& row : rows) {
+        localization::install(row.language);
+        EXPECT_EQ(entryModel(state).sourceText, row.expected);
+    }
+}
+
+TEST_F(EntryModelTest, CountsTheMatchesOfTheYearInView) {
+    using Matches = EntryModel::Matches;
+    struct Row {
+        std::optional<Matches> given;
+        std::optional<Matches> expected;
+    };
+    const std::vector<Row> rows = {
+        {std::nullopt, std::nullopt},   {Matches{0, 0}, std::nullopt},
+        {Matches{3, 0}, Matches{3, 0}}, {Matches{3, 2}, Matches{3, 2}},
+        {Matches{3, 5}, Matches{3, 2}},
+    };
+    for (const Row& row : rows) {
+        state.matches = row.given;
+        EXPECT_EQ(entryModel(state).matches, row.expected);
+    }
+}
+
+TEST_F(EntryModelTest, MatchesCountOnlyWhereTheYearCanBeRead) {
+    state.matches = EntryModel::Matches{3, 0};
+    state.showAllYears = true;
+    EXPECT_FALSE(entryModel(state).matches);
+    state.showAllYears = false;
+    state.showSource = true;
+    EXPECT_FALSE(entryModel(state).matches);
+}
+
+TEST_F(EntryModelTest, TheHintOfTheLeapDayTellsWhereToGoInEveryLanguage) {
+    state.day = {2, 29};
+    for (const Language language : {Language::en, Language::zhHans, Language::ja}) {
+        localization::install(language);
+        const EntryModel model = entryModel(state);
+        const QString text = std::get<EntryModel::Empty>(model.block.kind).text;
+        EXPECT_TRUE(text.contains(QStringLiteral("2028"))) << text.toStdString();
+        const bool namesTheRail = text.contains(QStringLiteral("right")) ||
+                                  text.contains(QStringLiteral("右侧")) ||
+                                  text.contains(QStringLiteral("右側"));
+        EXPECT_TRUE(namesTheRail) << text.toStdString();
+    }
 }
 
 TEST_F(EntryModelTest, ShowsTheWeekdayAloneInChineseAndJapanese) {

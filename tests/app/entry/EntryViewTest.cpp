@@ -2,57 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QTemporaryDir>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
-#include <QtTest/QTest>
 #include <QtWidgets/QScrollBar>
 
-#include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Button.h"
-#include "DiaryApp/Editor/GrowingTextView.h"
-#include "DiaryApp/Entry/DayHead.h"
+#include "tests/app/entry/EntryViewFixture.h"
 
 namespace velmar {
 namespace {
 
-class EntryViewTest : public testing::Test {
-protected:
-    EntryViewTest()
-        : settings(std::make_unique<QSettings>(folder.filePath(QStringLiteral("s.ini")),
-                                               QSettings::IniFormat),
-                   folder.path(), QProcessEnvironment()),
-          view((appearance::prepare(), settings)) {
-        localization::install(Language::en);
-        appearance::apply(settings);
-        view.resize(840, 740);
-        view.show();
-        view.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
-        view.onDraftChanged = [this](const QString& draft) { drafts.append(draft); };
-        show();
-        view.focusEditor();
-    }
-
-    void show() { view.update(entryModel(state)); }
-
-    GrowingTextView& editor() { return *view.editor(); }
-
-    QTemporaryDir folder;
-    Settings settings;
-    EntryView view;
-    QStringList drafts;
-    EntryState state{.day = {11, 21},
-                     .viewedYear = 2026,
-                     .currentYear = 2026,
-                     .draft = QString(),
-                     .pastEntries = {}};
-};
-
-QString manyLines(int count) {
-    return QStringList(count, QStringLiteral("line")).join(QLatin1Char('\n'));
-}
+using EntryViewTest = EntryViewFixture;
 
 TEST_F(EntryViewTest, TypingCallsBackWithTheDraft) {
     QTest::keyClicks(&editor(), QStringLiteral("ab"));
@@ -113,11 +74,11 @@ TEST_F(EntryViewTest, ScrollsAsAWholeAndKeepsTheCaretInView) {
     show();
     EXPECT_EQ(editor().height() >= 60 * editor().lineHeight(), true);
     view.scrollToTop();
-    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(oneYear().verticalScrollBar()->value(), 0);
     QTest::keyClicks(&editor(), QStringLiteral("x"));
-    const QPoint caret = editor().mapTo(view.viewport(), editor().caretRect().center());
-    EXPECT_TRUE(view.viewport()->rect().contains(caret)) << caret.y();
-    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+    const QPoint caret = editor().mapTo(oneYear().viewport(), editor().caretRect().center());
+    EXPECT_TRUE(oneYear().viewport()->rect().contains(caret)) << caret.y();
+    EXPECT_GT(oneYear().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(EntryViewTest, GrowsWhileTyping) {

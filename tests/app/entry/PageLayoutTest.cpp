@@ -52,5 +52,40 @@ TEST(PageLayout, FillsTheWindowAndGrowsBeyondIt) {
     EXPECT_EQ(layOutPage(small).height, 173 + 3400 + 40);
 }
 
+TEST(CardLayout, StandsInTheColumnWithRoomForPictures) {
+    const CardLayout plain = layOutCard(840, {YearRowParts::Kind::Card, 68, 0});
+    EXPECT_EQ(plain.head, QRectF(23, 13, 596, 26));
+    EXPECT_TRUE(plain.pictures.isEmpty());
+    EXPECT_EQ(plain.text, QRectF(1, 39, 640, 68));
+    EXPECT_EQ(plain.height, 120);
+    const CardLayout pictures = layOutCard(840, {YearRowParts::Kind::Card, 68, 164});
+    EXPECT_EQ(pictures.pictures, QRectF(23, 45, 596, 164));
+    EXPECT_EQ(pictures.text, QRectF(1, 213, 640, 68));
+    EXPECT_EQ(pictures.height, 294);
+}
+
+TEST(AllYearsLayout, PutsTwelvePixelsBetweenCardsAndNoneBesideGaps) {
+    const YearRowParts card{YearRowParts::Kind::Card, 68, 0};
+    const YearRowParts gap{YearRowParts::Kind::Gap, 0, 0};
+    const AllYearsLayout page = layOutAllYears(840, 0, {card, card, gap, card, gap});
+    EXPECT_EQ(page.head, layOutPage(parts(840, 76, {})).head);
+    EXPECT_EQ(page.rows, (std::vector<QRectF>{{99, 140, 642, 120},
+                                              {99, 272, 642, 120},
+                                              {100, 392, 640, 44},
+                                              {99, 436, 642, 120},
+                                              {100, 556, 640, 44}}));
+    EXPECT_EQ(page.height, 640);
+    EXPECT_EQ(layOutAllYears(840, 740, {card}).height, 740);
+}
+
+TEST(AllYearsLayout, TextKeepsItsPlaceFromOneYearToAll) {
+    for (const double width : {300.0, 560.0, 841.0, 1360.0}) {
+        const YearRowParts card{YearRowParts::Kind::Card, 68, 0};
+        const AllYearsLayout page = layOutAllYears(width, 0, {card});
+        const double text = page.rows[0].left() + layOutCard(width, card).text.left();
+        EXPECT_EQ(text, layOutPage(parts(width, 76, {})).editor.left());
+    }
+}
+
 }  // namespace
 }  // namespace velmar
