@@ -9,13 +9,15 @@
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <climits>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "DiaryKit/Files/FileCoordinator.h"
 #include "DiaryKit/Vault/DiaryStore.h"
-#include "DiaryKit/Vault/YearSectionParser.h"
 #include "bench/BenchVault.h"
 
 extern char** environ;
@@ -128,6 +130,41 @@ void searches(benchmark::State& state, const Kind& kind) {
     state.counters["rg_ms"] = median(theirs);
     state.counters["of_rg"] = median(ours) / median(theirs);
 }
+
+// What holding the vault's lock costs a search that reads every file: once for each.
+void coordinationOfAllFiles(benchmark::State& state) {
+    const diary::FileCoordinator coordinator(vault());
+    for ([[maybe_unused]] auto round : state) {
+        for (int i = 0; i < MonthDay::cycleLength; ++i) coordinator.coordinateReading([] {});
+    }
+}
+BENCHMARK(coordinationOfAllFiles)->Unit(benchmark::kMillisecond);
+
+// How long a writer waits for the vault while searches follow each other without a pause.
+void writerBesideSearches(benchmark::State& state) {
+    const diary::FileCoordinator coordinator(vault());
+    std::atomic<bool> isDone = false;
+    std::thread searcher([&] {
+        const SearchQuery query = SearchQuery::parsing(u"zeppelin");
+        while (!isDone) {
+            benchmark::DoNotOptimize(diary::DiaryStore::search(vault(), query, 500, {}));
+        }
+    });
+    std::vector<double> waits;
+    for ([[maybe_unused]] auto round : state) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(3));
+        const Clock::time_point start = Clock::now();
+        coordinator.coordinateWriting([] {});
+        const Clock::duration time = Clock::now() - start;
+        waits.push_back(milliseconds(time));
+        state.SetIterationTime(std::chrono::duration<double>(time).count());
+    }
+    isDone = true;
+    searcher.join();
+    state.counters["median_ms"] = median(waits);
+    state.counters["longest_ms"] = *std::ranges::max_element(waits);
+}
+BENCHMARK(writerBesideSearches)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(500);
 
 std::vector<Kind> kinds() {
     const QString apart = kApart[0] + u' ' + kApart[1] + u' ' + kApart[2];

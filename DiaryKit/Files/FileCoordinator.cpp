@@ -7,7 +7,11 @@
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <vector>
 
 #include "DiaryKit/Files/AtomicFile.h"
@@ -31,9 +35,52 @@ struct Held {
 // Innermost last. Accesses end in the reverse of their order, so places in it stay good.
 thread_local std::vector<Held> t_held;
 
+// The writers of this process that wait for a lock. The system gives a lock to whoever asks at the
+// right moment; while a scan or a search reads hundreds of files on all cores, that is hardly ever
+// the writer, which is the one that a user waits for.
+class WaitingWriters {
+public:
+    void arrive() { ++m_count; }
+    void leave() {
+        {
+            const std::lock_guard guard(m_mutex);
+            --m_count;
+        }
+        m_left.notify_all();
+    }
+
+    // Lets those that wait go first. Not for ever: a writer may itself wait for this reader, by
+    // another vault's lock, or for another process.
+    void giveWay() {
+        if (m_count == 0) return;
+        std::unique_lock guard(m_mutex);
+        m_left.wait_for(guard, kLongestWay, [&] { return m_count == 0; });
+    }
+
+private:
+    static constexpr std::chrono::milliseconds kLongestWay{5};
+
+    std::atomic<int> m_count = 0;
+    std::mutex m_mutex;
+    std::condition_variable m_left;
+};
+
+WaitingWriters& waitingWriters() {
+    // Never destroyed: a thread of the pool may still read when the process ends.
+    static auto* const writers = new WaitingWriters;
+    return *writers;
+}
+
 int lock(int descriptor, Access access) {
-    const int operation = access == Access::Exclusive ? LOCK_EX : LOCK_SH;
-    return uninterrupted([&] { return ::flock(descriptor, operation); });
+    if (access == Access::Shared) {
+        return uninterrupted([&] { return ::flock(descriptor, LOCK_SH); });
+    }
+    waitingWriters().arrive();
+    const int result = uninterrupted([&] { return ::flock(descriptor, LOCK_EX); });
+    const int code = errno;
+    waitingWriters().leave();
+    errno = code;
+    return result;
 }
 
 [[noreturn]] void fail(const QString& lockPath) {
@@ -66,6 +113,7 @@ Descriptor openedLockFile(const QString& lockPath) {
 // The lock file, locked. One that somebody removed while we waited for it excludes nobody who
 // comes later, so then it all begins anew.
 Descriptor lockedFile(const QString& lockPath, Access access) {
+    if (access == Access::Shared) waitingWriters().giveWay();
     for (;;) {
         Descriptor file = openedLockFile(lockPath);
         if (lock(file.number(), access) != 0) fail(lockPath);

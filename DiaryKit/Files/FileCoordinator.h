@@ -5,6 +5,8 @@
 // The lock covers the whole vault: readers share, a writer is alone. An accessor may coordinate
 // another file, or the same one, of the vault; within a write that costs nothing. A write nested in
 // a read lets waiting writers go first, since two such reads would otherwise wait for each other.
+// Readers give way for a moment to a writer of this process that waits, so that hundreds of reads
+// in a row, as a search makes them, don't keep a save waiting until the last.
 #pragma once
 
 #include <QtCore/QString>

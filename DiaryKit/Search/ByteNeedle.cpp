@@ -85,15 +85,23 @@ void ByteNeedle::append(char32_t folded) {
         if (bytes.size() == character.encodings[0].size()) {
             character.encodings.push_back(bytes);
         } else {
-            ByteNeedle odd{QStringView()};
-            odd.m_characters = {{0, {bytes}}};
-            odd.m_size = bytes.size();
-            odd.chooseProbes();
-            m_oddCases.push_back(std::move(odd));
+            addOddCase(bytes);
         }
     }
     m_size += character.encodings[0].size();
     m_characters.push_back(std::move(character));
+}
+
+void ByteNeedle::addOddCase(const QByteArray& bytes) {
+    const auto isSame = [&](const ByteNeedle& odd) {
+        return odd.m_characters[0].encodings[0] == bytes;
+    };
+    if (std::ranges::any_of(m_oddCases, isSame)) return;
+    ByteNeedle odd{QStringView()};
+    odd.m_characters = {{0, {bytes}}};
+    odd.m_size = bytes.size();
+    odd.chooseProbes();
+    m_oddCases.push_back(std::move(odd));
 }
 
 std::vector<ByteNeedle::Probe> ByteNeedle::probes() const {

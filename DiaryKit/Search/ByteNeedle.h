@@ -39,6 +39,7 @@ private:
     };
 
     void append(char32_t folded);
+    void addOddCase(const QByteArray& bytes);
     void chooseProbes();
     [[nodiscard]] std::vector<Probe> probes() const;
     [[nodiscard]] bool isAt(const char* place) const;

@@ -12,6 +12,12 @@
 
 namespace diary::casefolding {
 
+// Whether a cut at `at` would split a surrogate pair.
+[[nodiscard]] inline bool isInsidePair(QStringView text, qsizetype at) {
+    return at > 0 && at < text.size() && text[at].isLowSurrogate() &&
+           text[at - 1].isHighSurrogate();
+}
+
 // Simple case folding by Unicode's default mappings. 'A', 'a' -> 'a'; 'ſ' -> 's'; 'ß' -> 'ß'
 [[nodiscard]] char32_t folded(char32_t codePoint);
 

@@ -18,10 +18,7 @@ constexpr qsizetype kUnitsWithoutMatch = 50;
 
 constexpr QChar kEllipsis = u'…';
 
-bool isInsidePair(QStringView text, qsizetype at) {
-    return at > 0 && at < text.size() && text[at].isLowSurrogate() &&
-           text[at - 1].isHighSurrogate();
-}
+using casefolding::isInsidePair;
 
 // The bounds of characters (grapheme clusters) in one text, which must outlive it.
 class Characters {

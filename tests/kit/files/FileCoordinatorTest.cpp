@@ -4,10 +4,13 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
+#include <atomic>
+#include <chrono>
 #include <future>
 #include <memory>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/FileError.h"
@@ -118,6 +121,23 @@ TEST_F(FileCoordinatorTest, LetsReadersRunTogether) {
         other.join();
     });
     EXPECT_TRUE(isRun);
+}
+
+TEST_F(FileCoordinatorTest, LetsAWriterInAmongReadersWithoutAPause) {
+    std::atomic<bool> isWritten = false;
+    // Without precedence it takes a writer five seconds and more to meet a gap by chance.
+    const auto end = std::chrono::steady_clock::now() + 2s;
+    const auto read = [&] {
+        while (!isWritten && std::chrono::steady_clock::now() < end) {
+            // As long as a file on a slow disk takes.
+            m_coordinator.coordinateReading([] { std::this_thread::sleep_for(1ms); });
+        }
+    };
+    std::vector<std::thread> readers;
+    for (int i = 0; i < 8; ++i) readers.emplace_back(read);
+    m_coordinator.coordinateWriting([&] { isWritten = std::chrono::steady_clock::now() < end; });
+    for (std::thread& reader : readers) reader.join();
+    EXPECT_TRUE(isWritten);
 }
 
 TEST_F(FileCoordinatorTest, IsFreedByTheDeathOfItsHolder) {
