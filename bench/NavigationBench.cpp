@@ -121,6 +121,7 @@ BENCHMARK(renderYearCalendar)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     velmar::appearance::prepare();
+    velmar::localization::install(velmar::Language::en);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

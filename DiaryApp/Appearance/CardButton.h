@@ -1,5 +1,5 @@
-// A card that can be pressed: a box with a line whose content the derived class paints. Hover, press
-// and the focus ring (after the keyboard moved the focus) are the same for all of them.
+// A card that can be pressed: a box with a line whose content the derived class paints. Hover,
+// press and the focus ring (after the keyboard moved the focus) are the same for all of them.
 #pragma once
 
 #include <QtWidgets/QAbstractButton>

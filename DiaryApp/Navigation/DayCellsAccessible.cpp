@@ -67,7 +67,9 @@ public:
     [[nodiscard]] int columnIndex() const override {
         return isValid() ? m_view->grid().column(m_day) : -1;
     }
-    [[nodiscard]] int rowIndex() const override { return isValid() ? m_view->grid().row(m_day) : -1; }
+    [[nodiscard]] int rowIndex() const override {
+        return isValid() ? m_view->grid().row(m_day) : -1;
+    }
     [[nodiscard]] int columnExtent() const override { return 1; }
     [[nodiscard]] int rowExtent() const override { return 1; }
     [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }

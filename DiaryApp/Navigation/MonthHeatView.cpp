@@ -98,8 +98,7 @@ bool MonthHeatView::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const auto day = dayAt(help->pos());
     if (day) {
-        QToolTip::showText(help->globalPos(), cellName(*day), this,
-                           cellRect(*day).toAlignedRect());
+        QToolTip::showText(help->globalPos(), cellName(*day), this, cellRect(*day).toAlignedRect());
     } else {
         QToolTip::hideText();
     }

@@ -4,7 +4,6 @@
 
 #include "DiaryApp/Navigation/Snippet.h"
 #include "DiaryKit/Foundation/TextSets.h"
-#include "DiaryKit/Markdown/MarkdownEditing.h"
 
 namespace velmar {
 
@@ -21,8 +20,7 @@ RailModel::Card card(const RailState& state, int year, QStringView wholeBody, co
     card.year = year;
     card.yearColor = isActive ? Token::Accent : Token::RailYear;
     card.meta = qtTrId("%d chars", diary::text::contentCharacterCount(body));
-    card.snippet = body.isEmpty() ? qtTrId("Not written yet")
-                                  : shortened(diary::MarkdownEditing::plainText(body));
+    card.snippet = body.isEmpty() ? qtTrId("Not written yet") : snippetOf(body);
     card.snippetColor = body.isEmpty() ? Token::EmptyText
                         : isActive     ? Token::RailTextActive
                                        : Token::RailSnippet;
@@ -72,8 +70,7 @@ QString footer(const RailState& state) {
 std::vector<int> addableYears(const RailState& state, const std::vector<RailModel::Card>& cards) {
     std::vector<int> years;
     for (int year = state.currentYear - 1; year >= state.currentYear - kAddableYears; --year) {
-        const bool hasCard =
-            std::ranges::find(cards, year, &RailModel::Card::year) != cards.end();
+        const bool hasCard = std::ranges::find(cards, year, &RailModel::Card::year) != cards.end();
         const bool hasDay = state.day != kLeapDay || diary::MonthDay::isLeapYear(year);
         if (!hasCard && hasDay) years.push_back(year);
     }

@@ -1,5 +1,6 @@
 // What the sidebar shows beside the page: the month in view as a grid of days, the way back to
-// today, and three facts about the whole diary. Nothing here knows a widget; SidebarView.h shows it.
+// today, and three facts about the whole diary. Nothing here knows a widget; SidebarView.h shows
+// it.
 #pragma once
 
 #include <QtCore/QString>

@@ -120,9 +120,8 @@ void TodayButton::paintContent(QPainter& painter) const {
     const double dateLeft = width() - kTodayPadding - dateWidth;
     paintLine(painter, {dateLeft, (height() - kCaptionLine) / 2, dateWidth, kCaptionLine}, m_date,
               date);
-    paintLine(painter,
-              {kTodayPadding, (height() - kLine) / 2, dateLeft - 2 * kTodayPadding, kLine}, text(),
-              {fonts::sans(13.5, QFont::Medium), kLine, Token::InkMed});
+    paintLine(painter, {kTodayPadding, (height() - kLine) / 2, dateLeft - 2 * kTodayPadding, kLine},
+              text(), {fonts::sans(13.5, QFont::Medium), kLine, Token::InkMed});
 }
 
 StatsView::StatsView(QWidget* parent) : QWidget(parent) {}

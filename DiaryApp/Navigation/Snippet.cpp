@@ -3,13 +3,17 @@
 #include <unicode/brkiter.h>
 
 #include <memory>
+#include <optional>
+
+#include "DiaryKit/Markdown/MarkdownEditing.h"
 
 namespace velmar {
 
 namespace {
 
-// Room for the snippet's characters in nearly every text; emoji and accents take several units.
-constexpr qsizetype kFirstLook = kSnippetCharacters * 4;
+// Units of the text, and of its plain form, that are enough for nearly every snippet.
+constexpr qsizetype kFirstLines = 256;
+constexpr qsizetype kFirstCharacters = kSnippetCharacters * 4;
 
 icu::BreakIterator& characters() {
     static const std::unique_ptr<icu::BreakIterator> iterator = [] {
@@ -32,16 +36,28 @@ qsizetype snippetEnd(QStringView text) {
     return end == icu::BreakIterator::DONE ? text.size() : end;
 }
 
-}  // namespace
-
-QString shortened(QStringView text) {
-    for (qsizetype look = kFirstLook;; look *= 2) {
+// The first 46 characters of a text that has more; nothing of one that hasn't.
+std::optional<QStringView> cut(QStringView text) {
+    for (qsizetype look = kFirstCharacters;; look *= 2) {
         const QStringView beginning = text.first(qMin(look, text.size()));
         const qsizetype end = snippetEnd(beginning);
-        const bool isWhole = beginning.size() == text.size();
-        if (isWhole && end == text.size()) return text.toString();
-        // The last character seen may go on behind what was looked at.
-        if (isWhole || end < beginning.size()) return text.first(end).toString() + u'…';
+        // A character that ends with what was looked at may go on behind it.
+        if (end < beginning.size()) return text.first(end);
+        if (beginning.size() == text.size()) return std::nullopt;
+    }
+}
+
+}  // namespace
+
+QString snippetOf(QStringView markdown) {
+    for (qsizetype look = kFirstLines;; look *= 2) {
+        // Lines are made plain one by one, so whole lines give the beginning of the whole.
+        const qsizetype lineEnd = look < markdown.size() ? markdown.indexOf(u'\n', look) : -1;
+        const bool isWhole = lineEnd < 0;
+        const QString plain =
+            diary::MarkdownEditing::plainText(isWhole ? markdown : markdown.first(lineEnd));
+        if (const auto beginning = cut(plain)) return beginning->toString() + u'…';
+        if (isWhole) return plain;
     }
 }
 

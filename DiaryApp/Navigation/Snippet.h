@@ -9,8 +9,9 @@ namespace velmar {
 // The most characters, as a reader counts them, that a snippet takes over.
 inline constexpr int kSnippetCharacters = 46;
 
-// A text of 47 characters (grapheme clusters) or more is cut behind the 46th and gets an ellipsis;
-// a shorter one stays as it is. Looks at the text's beginning only.
-[[nodiscard]] QString shortened(QStringView text);
+// The text without its markers, in one line, as MarkdownEditing::plainText makes it. What has 47
+// characters (grapheme clusters) or more is cut behind the 46th and gets an ellipsis. Reads no
+// further than the lines that it takes.
+[[nodiscard]] QString snippetOf(QStringView markdown);
 
 }  // namespace velmar

@@ -86,8 +86,9 @@ void YearCard::paintHead(QPainter& painter, const QRectF& inner) const {
 
 void YearCard::paintFoot(QPainter& painter, const QRectF& inner) const {
     const QRectF line(inner.left(), inner.top() + kFootTop, inner.width(), kCaptionLine);
-    paintLine(painter, line, m_card.ago,
-              {fonts::mono(11), kCaptionLine, m_card.isActive ? Token::ChromeText : Token::AgoText});
+    paintLine(
+        painter, line, m_card.ago,
+        {fonts::mono(11), kCaptionLine, m_card.isActive ? Token::ChromeText : Token::AgoText});
     if (!m_card.hits) return;
     const TextLook look = {fonts::mono(10.5, QFont::Medium), kBadgeHeight, Token::AccentDeep};
     const double width = QFontMetricsF(look.font).horizontalAdvance(*m_card.hits);
@@ -101,8 +102,8 @@ void YearCard::paintFoot(QPainter& painter, const QRectF& inner) const {
 }
 
 AddYearCard::AddYearCard(QWidget* parent) : CardButton(kRadius, parent) {
-    setGround({.line = Token::CardBorderHover, .hoverLine = Token::CardBorderActive,
-               .isDashed = true});
+    setGround(
+        {.line = Token::CardBorderHover, .hoverLine = Token::CardBorderActive, .isDashed = true});
     connect(this, &AddYearCard::clicked, this, &AddYearCard::openMenu);
 }
 
@@ -131,12 +132,11 @@ void AddYearCard::openMenu() {
 
 void AddYearCard::paintContent(QPainter& painter) const {
     const QColor ink = hovered(Token::ChromeText, Token::InkMed);
-    icons::paint(painter,
-                 {kAddIconLeft, (height() - kAddIconSize) / 2, kAddIconSize, kAddIconSize},
+    icons::paint(painter, {kAddIconLeft, (height() - kAddIconSize) / 2, kAddIconSize, kAddIconSize},
                  QStringLiteral("plus"), ink);
     const double right = width() - kAddIconLeft - kAddChevronSize;
-    icons::paint(painter, {right, (height() - kAddChevronSize) / 2, kAddChevronSize,
-                           kAddChevronSize},
+    icons::paint(painter,
+                 {right, (height() - kAddChevronSize) / 2, kAddChevronSize, kAddChevronSize},
                  QStringLiteral("chevron-down"), theme::color(Token::Chevron));
     const QFont font = fonts::sans(13.5);
     const double top = (height() - kAddLine) / 2;

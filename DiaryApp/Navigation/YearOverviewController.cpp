@@ -19,7 +19,8 @@ constexpr int kFrameAllowance = 48;
 // On a screen lower than the calendar the window is lower too, and scrolls.
 QSize fittingSize(const QScreen* screen) {
     QSize size = YearOverviewView::viewSize;
-    if (screen) size.setHeight(qMin(size.height(), screen->availableSize().height() - kFrameAllowance));
+    if (screen)
+        size.setHeight(qMin(size.height(), screen->availableSize().height() - kFrameAllowance));
     return size;
 }
 

@@ -90,8 +90,8 @@ void YearOverviewView::paintEvent(QPaintEvent* /*event*/) {
     for (const YearOverviewModel::Month& month : m_model.months) paintMonth(painter, month);
     paintLegend(painter);
     paintTotal(painter);
-    paintLine(painter, {kLeft, kFootnoteTop, width() - 2.0 * kLeft, kCaptionLine},
-              m_model.footnote, {fonts::mono(11.5), kCaptionLine, Token::Footnote});
+    paintLine(painter, {kLeft, kFootnoteTop, width() - 2.0 * kLeft, kCaptionLine}, m_model.footnote,
+              {fonts::mono(11.5), kCaptionLine, Token::Footnote});
 }
 
 void YearOverviewView::paintMonth(QPainter& painter, const YearOverviewModel::Month& month) const {

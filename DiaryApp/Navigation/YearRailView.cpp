@@ -74,8 +74,8 @@ void YearRailView::update(const RailModel& model) {
 }
 
 void YearRailView::arrangeCards(const RailModel& model) {
-    const bool isSameYears = std::ranges::equal(
-        m_cards, model.cards, {}, &YearCard::year, &RailModel::Card::year);
+    const bool isSameYears =
+        std::ranges::equal(m_cards, model.cards, {}, &YearCard::year, &RailModel::Card::year);
     if (!isSameYears) {
         m_spare.insert(m_spare.end(), m_cards.begin(), m_cards.end());
         m_cards.clear();

@@ -58,15 +58,24 @@ TEST(CalendarGrid, ACellHoldsItsFirstEdgesAndNotItsLast) {
         std::optional<int> day;
     };
     const std::vector<Row> rows = {
-        {{0, 22}, 1},          {{29.99, 22}, 1},  {{30, 22}, std::nullopt},
-        {{32.99, 30}, std::nullopt}, {{33, 30}, 2},     {{10, 21.99}, std::nullopt},
-        {{10, 51.99}, 1},      {{10, 52}, std::nullopt}, {{10, 54.99}, std::nullopt},
-        {{10, 55}, 8},         {{227.99, 22}, 7}, {{228, 22}, std::nullopt},
-        {{-0.01, 30}, std::nullopt}, {{66, 154}, std::nullopt}, {{10, 5}, std::nullopt},
+        {{0, 22}, 1},
+        {{29.99, 22}, 1},
+        {{30, 22}, std::nullopt},
+        {{32.99, 30}, std::nullopt},
+        {{33, 30}, 2},
+        {{10, 21.99}, std::nullopt},
+        {{10, 51.99}, 1},
+        {{10, 52}, std::nullopt},
+        {{10, 54.99}, std::nullopt},
+        {{10, 55}, 8},
+        {{227.99, 22}, 7},
+        {{228, 22}, std::nullopt},
+        {{-0.01, 30}, std::nullopt},
+        {{66, 154}, std::nullopt},
+        {{10, 5}, std::nullopt},
     };
     for (const Row& row : rows) {
-        EXPECT_EQ(november().dayAt(row.point), row.day)
-            << row.point.x() << ", " << row.point.y();
+        EXPECT_EQ(november().dayAt(row.point), row.day) << row.point.x() << ", " << row.point.y();
     }
     EXPECT_EQ(february2023().dayAt({10, 30}), std::nullopt) << "a blank ahead of day 1";
 }
@@ -98,8 +107,8 @@ TEST(CalendarGrid, StepsStayInTheMonth) {
         int expected;
     };
     const std::vector<Row> rows = {
-        {21, Step::Left, 20}, {21, Step::Right, 22}, {21, Step::Up, 14}, {21, Step::Down, 28},
-        {1, Step::Left, 1},   {30, Step::Right, 30}, {7, Step::Up, 7},   {24, Step::Down, 24},
+        {21, Step::Left, 20}, {21, Step::Right, 22}, {21, Step::Up, 14},   {21, Step::Down, 28},
+        {1, Step::Left, 1},   {30, Step::Right, 30}, {7, Step::Up, 7},     {24, Step::Down, 24},
         {8, Step::Up, 1},     {23, Step::Down, 30},  {21, Step::First, 1}, {21, Step::Last, 30},
     };
     for (const Row& row : rows) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "DiaryApp/Navigation/Snippet.h"
+#include "DiaryKit/Markdown/MarkdownEditing.h"
 #include "NavigationFixture.h"
 
 namespace velmar {
@@ -193,23 +194,53 @@ TEST_F(RailModelTest, SpeaksChineseAndJapanese) {
 
 TEST(Snippet, IsCutBehindFortySixCharacters) {
     const QString text = QStringLiteral("x").repeated(46);
-    EXPECT_EQ(shortened(QString()), QString());
-    EXPECT_EQ(shortened(text), text);
-    EXPECT_EQ(shortened(text + u'y'), text + u'…');
-    EXPECT_EQ(shortened(text.first(45)), text.first(45));
+    EXPECT_EQ(snippetOf(QString()), QString());
+    EXPECT_EQ(snippetOf(text), text);
+    EXPECT_EQ(snippetOf(text + u'y'), text + u'…');
+    EXPECT_EQ(snippetOf(text.first(45)), text.first(45));
+}
+
+TEST(Snippet, HasNoMarkers) {
+    EXPECT_EQ(snippetOf(QStringLiteral("# T\n- [x] **a** [l](u)")), QStringLiteral("T  a l"));
+    EXPECT_EQ(snippetOf(QStringLiteral("---")), QString());
 }
 
 TEST(Snippet, CutsBetweenCharactersAReaderSees) {
-    const std::vector<QString> characters = {
-        QStringLiteral("👩‍👩‍👧‍👦"), QStringLiteral("e\u0301"), QStringLiteral("🇫🇷"), QStringLiteral("字")};
+    const std::vector<QString> characters = {QStringLiteral("👩‍👩‍👧‍👦"),
+                                             QStringLiteral("e\u0301"), QStringLiteral("🇫🇷"),
+                                             QStringLiteral("字")};
     for (const QString& character : characters) {
-        EXPECT_EQ(shortened(character.repeated(46)), character.repeated(46));
-        EXPECT_EQ(shortened(character.repeated(47)), character.repeated(46) + u'…');
+        EXPECT_EQ(snippetOf(character.repeated(46)), character.repeated(46));
+        EXPECT_EQ(snippetOf(character.repeated(47)), character.repeated(46) + u'…');
     }
     // Far more marks on one character than what is looked at first.
     const QString tall = u'a' + QStringLiteral("\u0301").repeated(500);
-    EXPECT_EQ(shortened(tall.repeated(46)), tall.repeated(46));
-    EXPECT_EQ(shortened(tall.repeated(47)), tall.repeated(46) + u'…');
+    EXPECT_EQ(snippetOf(tall.repeated(46)), tall.repeated(46));
+    EXPECT_EQ(snippetOf(tall.repeated(47)), tall.repeated(46) + u'…');
+}
+
+// Only the first lines are read, so the result must not depend on where reading stops.
+TEST(Snippet, IsTheBeginningOfTheWholePlainText) {
+    const QStringList lines = {QStringLiteral("# Head"),
+                               QStringLiteral("---"),
+                               QString(),
+                               QStringLiteral("- [ ] **bold** [link](https://example.org/a)"),
+                               QStringLiteral("```"),
+                               QStringLiteral("雨后*安静*")};
+    for (int count = 0; count < 400; ++count) {
+        QString text;
+        for (int i = 0; i < count; ++i) text += lines[(i * 7 + count) % lines.size()] + u'\n';
+        const QString plain = diary::MarkdownEditing::plainText(text);
+        const QString expected = plain.size() > 46 ? plain.first(46) + u'…' : plain;
+        ASSERT_EQ(snippetOf(text), expected) << count;
+    }
+}
+
+TEST(Snippet, FindsTextFarBelowLinesWithoutAny) {
+    const QString rules = QStringLiteral("---\n").repeated(1000);
+    EXPECT_EQ(snippetOf(rules + QStringLiteral("at last")), QStringLiteral("at last"));
+    EXPECT_EQ(snippetOf(rules + QStringLiteral("x").repeated(50)),
+              QStringLiteral("x").repeated(46) + u'…');
 }
 
 }  // namespace

@@ -95,24 +95,24 @@ TEST_F(SidebarModelTest, MonthsHaveTheirOwnNames) {
 }
 
 TEST_F(SidebarModelTest, TellsThreeFacts) {
-    EXPECT_THAT(statTexts(), ElementsAre(QStringLiteral("Days written|214| / 365"),
-                                         QStringLiteral("Earliest year|2014|"),
-                                         QStringLiteral("Files|231|")));
+    EXPECT_THAT(statTexts(),
+                ElementsAre(QStringLiteral("Days written|214| / 365"),
+                            QStringLiteral("Earliest year|2014|"), QStringLiteral("Files|231|")));
     setLanguage(Language::zhHans);
-    EXPECT_THAT(statTexts(), ElementsAre(QStringLiteral("写过的天数|214| / 365"),
-                                         QStringLiteral("最早的年份|2014|"),
-                                         QStringLiteral("文件|231|")));
+    EXPECT_THAT(statTexts(),
+                ElementsAre(QStringLiteral("写过的天数|214| / 365"),
+                            QStringLiteral("最早的年份|2014|"), QStringLiteral("文件|231|")));
     setLanguage(Language::ja);
-    EXPECT_THAT(statTexts(), ElementsAre(QStringLiteral("書いた日数|214| / 365"),
-                                         QStringLiteral("最初の年|2014|"),
-                                         QStringLiteral("ファイル|231|")));
+    EXPECT_THAT(statTexts(),
+                ElementsAre(QStringLiteral("書いた日数|214| / 365"),
+                            QStringLiteral("最初の年|2014|"), QStringLiteral("ファイル|231|")));
 }
 
 TEST_F(SidebarModelTest, AnEmptyVaultHasNoEarliestYear) {
     sidebar.overview = {};
-    EXPECT_THAT(statTexts(), ElementsAre(QStringLiteral("Days written|0| / 365"),
-                                         QStringLiteral("Earliest year|—|"),
-                                         QStringLiteral("Files|0|")));
+    EXPECT_THAT(statTexts(),
+                ElementsAre(QStringLiteral("Days written|0| / 365"),
+                            QStringLiteral("Earliest year|—|"), QStringLiteral("Files|0|")));
 }
 
 TEST_F(SidebarModelTest, TheDenominatorIsAFixedLabel) {

@@ -92,10 +92,9 @@ TEST_F(SidebarViewTest, TabWalksFromTheTopDown) {
     QStringList order;
     for (int i = 0; i < 7; ++i) {
         const QWidget* focus = view.focusWidget();
-        order.append(focus == view.grid() ? QStringLiteral("grid")
-                                          : focus->accessibleName().isEmpty()
-                                                ? focus->property("text").toString()
-                                                : focus->accessibleName());
+        order.append(focus == view.grid()                ? QStringLiteral("grid")
+                     : focus->accessibleName().isEmpty() ? focus->property("text").toString()
+                                                         : focus->accessibleName());
         QTest::keyClick(view.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(order.join(QStringLiteral("; ")),
