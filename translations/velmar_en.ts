@@ -339,6 +339,12 @@
     </message>
 
     <!-- Menus and bars -->
+    <message id="AboutText">
+        <source></source>
+        <extracomment>About box; the copyright line stays as it is.</extracomment>
+        <translation>A date is a place you come back to every year.
+© The Velmar authors</translation>
+    </message>
     <message id="About %@">
         <source></source>
         <extracomment>%1 is the application's name.</extracomment>
@@ -657,16 +663,6 @@
         <extracomment>%1 is the number of the match that is stepped to, %2 of how many.</extracomment>
         <translation>%1 of %2</translation>
     </message>
-    <message id="Find Previous">
-        <source></source>
-        <extracomment>Steps to the previous match.</extracomment>
-        <translation>Find Previous</translation>
-    </message>
-    <message id="Find Next">
-        <source></source>
-        <extracomment>Steps to the next match.</extracomment>
-        <translation>Find Next</translation>
-    </message>
     <message id="AccessibleSource">
         <source></source>
         <extracomment>Name of the file's text, read aloud; %1 is a file's name.</extracomment>
@@ -674,14 +670,6 @@
     </message>
 
     <!-- Search -->
-    <message id="SearchHits" numerus="yes">
-        <source></source>
-        <extracomment>Matches of a search.</extracomment>
-        <translation>
-            <numerusform>%n hit</numerusform>
-            <numerusform>%n hits</numerusform>
-        </translation>
-    </message>
     <message id="SearchDays" numerus="yes">
         <source></source>
         <extracomment>Part of SearchCount.</extracomment>

@@ -334,6 +334,12 @@
     </message>
 
     <!-- Menus and bars -->
+    <message id="AboutText">
+        <source></source>
+        <extracomment>About box; the copyright line stays as it is.</extracomment>
+        <translation>日期是一个地方，每年都会回来。
+© The Velmar authors</translation>
+    </message>
     <message id="About %@">
         <source></source>
         <extracomment>%1 is the application's name.</extracomment>
@@ -645,16 +651,6 @@
         <extracomment>%1 is the number of the match that is stepped to, %2 of how many.</extracomment>
         <translation>%1 / %2</translation>
     </message>
-    <message id="Find Previous">
-        <source></source>
-        <extracomment>Steps to the previous match.</extracomment>
-        <translation>查找上一个</translation>
-    </message>
-    <message id="Find Next">
-        <source></source>
-        <extracomment>Steps to the next match.</extracomment>
-        <translation>查找下一个</translation>
-    </message>
     <message id="AccessibleSource">
         <source></source>
         <extracomment>Name of the file's text, read aloud; %1 is a file's name.</extracomment>
@@ -662,13 +658,6 @@
     </message>
 
     <!-- Search -->
-    <message id="SearchHits" numerus="yes">
-        <source></source>
-        <extracomment>Matches of a search.</extracomment>
-        <translation>
-            <numerusform>%n 处</numerusform>
-        </translation>
-    </message>
     <message id="SearchDays" numerus="yes">
         <source></source>
         <extracomment>Part of SearchCount.</extracomment>

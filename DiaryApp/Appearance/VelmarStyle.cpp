@@ -252,9 +252,6 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
             return 0;
         case SH_ToolTipLabel_Opacity:
             return 255;
-        case SH_FocusFrame_Mask:
-            // The usual mask leaves out the box itself, and with it the ring's rounded corners.
-            return 0;
         case SH_Menu_Mask:
             return menuMask(option, result);
         default:

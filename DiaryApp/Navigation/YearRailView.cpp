@@ -10,7 +10,7 @@
 #include "DiaryApp/Appearance/OverlayScrollBar.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Navigation/AllYearsChip.h"
-#include "DiaryApp/Navigation/YearCard.h"
+#include "DiaryApp/Navigation/RailCard.h"
 
 namespace velmar {
 
@@ -75,12 +75,12 @@ void YearRailView::update(const RailModel& model) {
 
 void YearRailView::arrangeCards(const RailModel& model) {
     const bool isSameYears =
-        std::ranges::equal(m_cards, model.cards, {}, &YearCard::year, &RailModel::Card::year);
+        std::ranges::equal(m_cards, model.cards, {}, &RailCard::year, &RailModel::Card::year);
     if (!isSameYears) {
         m_spare.insert(m_spare.end(), m_cards.begin(), m_cards.end());
         m_cards.clear();
         for (const Card& card : model.cards) m_cards.push_back(takeCard(card.year));
-        for (YearCard* spare : m_spare) spare->hide();
+        for (RailCard* spare : m_spare) spare->hide();
     }
     QWidget* before = m_chip;
     for (std::size_t i = 0; i < model.cards.size(); ++i) {
@@ -94,16 +94,16 @@ void YearRailView::arrangeCards(const RailModel& model) {
 }
 
 // The year's own card if there is one, so that what has the focus keeps it.
-YearCard* YearRailView::takeCard(int year) {
-    auto found = std::ranges::find(m_spare, year, &YearCard::year);
+RailCard* YearRailView::takeCard(int year) {
+    auto found = std::ranges::find(m_spare, year, &RailCard::year);
     if (found == m_spare.end() && !m_spare.empty()) found = std::prev(m_spare.end());
     if (found != m_spare.end()) {
-        YearCard* card = *found;
+        RailCard* card = *found;
         m_spare.erase(found);
         return card;
     }
-    auto* card = new YearCard(m_list);
-    connect(card, &YearCard::clicked, this, [this, card] {
+    auto* card = new RailCard(m_list);
+    connect(card, &RailCard::clicked, this, [this, card] {
         if (onPickYear) onPickYear(card->year());
     });
     return card;
@@ -137,9 +137,9 @@ void YearRailView::place() {
                         qMax(0, height() - kAreaTop - kFootHeight));
     const int left = kPadding - kLineWidth;
     int top = kCardsTop - kAreaTop;
-    for (YearCard* card : m_cards) {
-        card->setGeometry(left, top, kCardWidth, YearCard::cardHeight);
-        top += YearCard::cardHeight + kCardGap;
+    for (RailCard* card : m_cards) {
+        card->setGeometry(left, top, kCardWidth, RailCard::cardHeight);
+        top += RailCard::cardHeight + kCardGap;
     }
     if (!m_addYear->isHidden()) {
         m_addYear->setGeometry(left, top, kCardWidth, AddYearCard::cardHeight);

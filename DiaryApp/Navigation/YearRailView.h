@@ -14,7 +14,7 @@ namespace velmar {
 
 class AddYearCard;
 class AllYearsChip;
-class YearCard;
+class RailCard;
 
 class YearRailView : public QWidget {
     Q_OBJECT
@@ -37,7 +37,7 @@ public:
     void retranslate();
 
     // In the order of the model.
-    [[nodiscard]] const std::vector<YearCard*>& cards() const { return m_cards; }
+    [[nodiscard]] const std::vector<RailCard*>& cards() const { return m_cards; }
     [[nodiscard]] AddYearCard* addYearCard() const { return m_addYear; }
     [[nodiscard]] AllYearsChip* chip() const { return m_chip; }
 
@@ -50,7 +50,7 @@ protected:
 private:
     void wire();
     void arrangeCards(const RailModel& model);
-    [[nodiscard]] YearCard* takeCard(int year);
+    [[nodiscard]] RailCard* takeCard(int year);
     void place();
     [[nodiscard]] bool isScrollable() const;
 
@@ -59,9 +59,9 @@ private:
     QScrollArea* m_area;
     QWidget* m_list;
     AddYearCard* m_addYear;
-    std::vector<YearCard*> m_cards;
+    std::vector<RailCard*> m_cards;
     // Cards without a year now, kept for the next day.
-    std::vector<YearCard*> m_spare;
+    std::vector<RailCard*> m_spare;
 };
 
 }  // namespace velmar

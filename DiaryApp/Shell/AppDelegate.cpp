@@ -7,9 +7,14 @@
 
 #include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Appearance/Motion.h"
+#include "DiaryApp/Chrome/AlertSheet.h"
+#include "DiaryApp/Desktop/SystemAppearance.h"
 #include "DiaryApp/Settings/Formatters.h"
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryApp/Settings/VaultPlaces.h"
+#include "DiaryApp/SettingsWindow/OnboardingSheet.h"
+#include "DiaryApp/SettingsWindow/SettingsWindowController.h"
 #include "DiaryApp/Shell/DayChangeNotifier.h"
 #include "DiaryApp/Shell/DebugScenario.h"
 #include "DiaryApp/Shell/MainWindow.h"
@@ -26,12 +31,19 @@ constexpr std::chrono::milliseconds kAfterFirstPaint{200};
 
 }  // namespace
 
-AppDelegate::AppDelegate(Settings& settings) : m_settings(settings) {}
+AppDelegate::AppDelegate(Settings& settings, FirstScan firstScan)
+    : m_settings(settings), m_firstScan(std::move(firstScan)) {}
 
 AppDelegate::~AppDelegate() = default;
 
-void AppDelegate::warmUp(const Settings& settings) {
+AppDelegate::FirstScan AppDelegate::warmUp(const Settings& settings) {
     Formatters::warmUp(localization::effectiveLanguage(settings));
+    const auto scan = std::make_shared<std::promise<diary::ArchiveScan>>();
+    diary::background::start(diary::background::Urgency::UserWaits,
+                             [scan, root = VaultPlaces(settings).vaultURL()] {
+                                 scan->set_value(diary::scanArchive(root, {}, {}));
+                             });
+    return scan->get_future().share();
 }
 
 void AppDelegate::start() {
@@ -57,21 +69,41 @@ void AppDelegate::start() {
     m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
                                                       [this] { m_main->calendarDayChanged(); });
     m_signals = std::make_unique<UnixSignals>([this] { terminate(); });
+    followSystem();
     QTimer::singleShot(kAfterFirstPaint, this, [this] { finishStart(); });
     if (isScripted) {
-        debugscenario::run(m_settings, *m_main, [this](int code) {
+        debugscenario::run(m_settings, *this, [this](int code) {
             m_main->session().flushSaveIfDirty();
             const bool isSaved = !m_main->session().isDirty();
             m_main->session().close();
             QApplication::exit(isSaved ? code : 1);
         });
     }
+    maybeShowOnboarding();
 }
 
 void AppDelegate::makeWindow() {
+    m_main = makeController();
+}
+
+std::unique_ptr<MainWindowController> AppDelegate::makeController() {
     auto store = std::make_unique<diary::DiaryStore>(VaultPlaces(m_settings).vaultURL());
-    m_main = std::make_unique<MainWindowController>(m_settings, std::move(store));
-    m_main->onClosed = [] { QApplication::quit(); };
+    auto made = std::make_unique<MainWindowController>(m_settings, std::move(store),
+                                                       std::exchange(m_firstScan, {}));
+    made->onClosed = [] { QApplication::quit(); };
+    made->onApplicationCommand = [this](Action action) { perform(action); };
+    return made;
+}
+
+// For another vault. The day stays; a draft that can't be saved is kept by the session's close.
+void AppDelegate::rebuildMainWindow() {
+    const diary::MonthDay day = m_main->session().currentMonthDay();
+    m_main->session().close();
+    m_main->rememberFrame();
+    m_main->onClosed = {};
+    const std::unique_ptr<MainWindowController> old = std::exchange(m_main, makeController());
+    m_main->session().open(day, Focus::Editor);
+    m_main->show();
 }
 
 // Whoever sends the signal won't wait for an alert: what can't be saved is kept.
@@ -88,6 +120,91 @@ void AppDelegate::applicationStateChanged(Qt::ApplicationState state) {
     } else {
         m_main->applicationResignedActive();
     }
+}
+
+void AppDelegate::followSystem() {
+    m_system = std::make_unique<SystemAppearance>();
+    m_system->onChanged = [this] {
+        if (const auto isDark = m_system->isDark()) appearance::setSystemIsDark(*isDark);
+        motion::setReduced(m_system->isMotionReduced().value_or(false));
+        if (applyAppearance()) restyleWindows();
+    };
+    m_system->start();
+}
+
+bool AppDelegate::applyAppearance() {
+    return appearance::apply(m_settings);
+}
+
+void AppDelegate::restyleWindows() {
+    m_main->restyle();
+    if (m_settingsWindow) m_settingsWindow->rebuildContent();
+}
+
+void AppDelegate::showSettings() {
+    if (!m_settingsWindow) {
+        m_settingsWindow = std::make_unique<SettingsWindowController>(m_settings);
+        wireSettings();
+    }
+    m_settingsWindow->show();
+}
+
+void AppDelegate::wireSettings() {
+    SettingsWindowController& window = *m_settingsWindow;
+    window.onLanguageChanged = [this] { changeLanguage(); };
+    window.onVaultChanged = [this] { rebuildMainWindow(); };
+    window.onReadingChanged = [this] { m_main->readingChanged(); };
+    window.onAppearanceChanged = [this] {
+        applyAppearance() ? restyleWindows() : m_settingsWindow->rebuildContent();
+    };
+    window.onImport = [this] { perform(Action::Import); };
+    window.onImportRecords = [this] { perform(Action::ImportRecords); };
+    window.onExport = [this] { perform(Action::Export); };
+    window.onCheckForUpdates = [this] { perform(Action::CheckForUpdates); };
+}
+
+void AppDelegate::changeLanguage() {
+    const Language language = localization::effectiveLanguage(m_settings);
+    localization::install(language);
+    fonts::setLanguage(language);
+    m_main->retranslate();
+    m_main->restyle();
+}
+
+void AppDelegate::maybeShowOnboarding() {
+    if (!onboarding::isAsked(onboarding::circumstances(m_settings))) return;
+    OnboardingSheet::show(m_main->window(), [this](VaultChoice choice) {
+        onboarding::choose(m_settings, choice);
+        rebuildMainWindow();
+    });
+}
+
+void AppDelegate::perform(Action action) {
+    const auto callIfSet = [](const std::function<void()>& command) {
+        command ? command() : QApplication::beep();
+    };
+    switch (action) {
+        case Action::About:
+            return showAbout();
+        case Action::Settings:
+            return showSettings();
+        case Action::CheckForUpdates:
+            return callIfSet(onCheckForUpdates);
+        case Action::Import:
+            return callIfSet(onImport);
+        case Action::ImportRecords:
+            return callIfSet(onImportRecords);
+        case Action::Export:
+            return callIfSet(onExport);
+        default:
+            return;
+    }
+}
+
+void AppDelegate::showAbout() {
+    AlertSheet::show(m_main->window(),
+                     QApplication::applicationName() + u' ' + QApplication::applicationVersion(),
+                     qtTrId("AboutText"));
 }
 
 // What the first page doesn't need. Looking for the icon takes longer than reading the day.

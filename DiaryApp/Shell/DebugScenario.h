@@ -1,5 +1,5 @@
-// The scripted run that DIARY_SCREENSHOT turns on: it brings the window into the state that the
-// other variables ask for, waits, writes the window's picture as a PNG, and ends the application.
+// The scripted run that DIARY_SCREENSHOT turns on: it brings the windows into the state that the
+// other variables ask for, waits, writes their pictures as PNGs, and ends the application.
 #pragma once
 
 #include <functional>
@@ -8,19 +8,20 @@
 
 namespace velmar {
 
-class MainWindowController;
+class AppDelegate;
 
 namespace debugscenario {
 
 // Whether this is a scripted run.
 [[nodiscard]] bool isRequested(const Settings& settings);
 
-// Applies DIARY_VIEW_DAY, DIARY_VIEW_YEAR, DIARY_TYPE_TEXT and DIARY_EDITOR_SCRIPT in this order,
-// writes the editor's text to DIARY_EDITOR_OUT once its script has run, waits
-// DIARY_SCREENSHOT_DELAY seconds (0.5 if unset), writes the picture, and calls `finish` with the
-// exit code: 1 if the picture can't be written. Returns at once.
-void run(const Settings& settings, MainWindowController& controller,
-         std::function<void(int)> finish);
+// Applies in this order, as far as they are set: DIARY_VIEW_DAY, DIARY_VIEW_YEAR, DIARY_VIEW_ALL,
+// DIARY_VIEW_SOURCE, DIARY_VIEW_SETTINGS, DIARY_VIEW_SEARCH, DIARY_FULLSCREEN, DIARY_VIEW_YEARCAL,
+// DIARY_SWITCH_PALETTE, DIARY_TYPE_TEXT and DIARY_EDITOR_SCRIPT, whose text goes to
+// DIARY_EDITOR_OUT. Then it waits DIARY_SCREENSHOT_DELAY seconds (0.5 if unset), writes the picture
+// of the key window, and that of the settings with the suffix ".settings.png" if they are open, and
+// calls `finish` with the exit code: 1 if a picture can't be written. Returns at once.
+void run(Settings& settings, AppDelegate& application, std::function<void(int)> finish);
 
 }  // namespace debugscenario
 

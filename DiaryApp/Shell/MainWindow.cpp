@@ -8,6 +8,9 @@
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/Chrome/TopBarView.h"
 #include "DiaryApp/Entry/EntryView.h"
+#include "DiaryApp/Navigation/SidebarView.h"
+#include "DiaryApp/Navigation/YearRailView.h"
+#include "DiaryApp/Search/SearchPaneView.h"
 
 namespace velmar {
 
@@ -21,7 +24,9 @@ constexpr int kMenuBarHeight = 28;
 MainWindow::MainWindow(Settings& settings)
     : m_settings(settings),
       m_topBar(new TopBarView(this)),
+      m_sidebar(new SidebarView(this)),
       m_entryView(new EntryView(settings, this)),
+      m_rail(new YearRailView(this)),
       m_statusBar(new StatusBarView(settings.homeFolder(), this)) {
     setMinimumSize(leastSize);
     addFocusKeys();
@@ -61,9 +66,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    m_settings.setWindowFrame(kFrameName, saveGeometry());
+    rememberFrame();
     event->accept();
     if (onClosed) onClosed();
+}
+
+void MainWindow::rememberFrame() const {
+    m_settings.setWindowFrame(kFrameName, saveGeometry());
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
@@ -72,15 +81,33 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void MainWindow::place() {
-    int y = 0;
-    const auto put = [&](QWidget* widget, int height) {
-        widget->setGeometry(0, y, width(), height);
-        y += height;
-    };
-    if (m_menuBar) put(m_menuBar, kMenuBarHeight);
-    put(m_topBar, TopBarView::barHeight);
-    put(m_entryView, height() - y - StatusBarView::barHeight);
-    put(m_statusBar, StatusBarView::barHeight);
+    const int top = (m_menuBar != nullptr ? kMenuBarHeight : 0) + TopBarView::barHeight;
+    const int bottom = height() - StatusBarView::barHeight;
+    if (m_menuBar != nullptr) m_menuBar->setGeometry(0, 0, width(), kMenuBarHeight);
+    m_topBar->setGeometry(0, top - TopBarView::barHeight, width(), TopBarView::barHeight);
+    const int rail = width() - YearRailView::railWidth;
+    m_sidebar->setGeometry(0, top, sidebarWidth, bottom - top);
+    m_entryView->setGeometry(sidebarWidth, top, rail - sidebarWidth, bottom - top);
+    m_rail->setGeometry(rail, top, YearRailView::railWidth, bottom - top);
+    m_statusBar->setGeometry(0, bottom, width(), StatusBarView::barHeight);
+}
+
+SearchPaneView* MainWindow::searchPane() {
+    if (m_searchPane == nullptr) {
+        m_searchPane = new SearchPaneView;
+        m_sidebar->setSearchPane(m_searchPane);
+        if (onSearchPaneMade) onSearchPaneMade(m_searchPane);
+    }
+    return m_searchPane;
+}
+
+void MainWindow::retranslate() {
+    m_topBar->retranslate();
+    m_sidebar->retranslate();
+    if (m_searchPane != nullptr) m_searchPane->retranslate();
+    m_entryView->retranslate();
+    m_rail->retranslate();
+    m_statusBar->retranslate();
 }
 
 }  // namespace velmar

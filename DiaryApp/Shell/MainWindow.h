@@ -1,5 +1,5 @@
-// The frame of the main window: it places the bars and the page, and remembers its size. What they
-// show and do is MainWindowController's.
+// The frame of the main window: it places the bars, the columns and the page, and remembers its
+// size. What they show and do is MainWindowController's.
 #pragma once
 
 #include <QtWidgets/QWidget>
@@ -12,8 +12,11 @@ class QMenuBar;
 namespace velmar {
 
 class EntryView;
+class SearchPaneView;
+class SidebarView;
 class StatusBarView;
 class TopBarView;
+class YearRailView;
 
 class MainWindow : public QWidget {
     Q_OBJECT
@@ -22,18 +25,27 @@ public:
     explicit MainWindow(Settings& settings);
 
     [[nodiscard]] TopBarView* topBar() const { return m_topBar; }
+    [[nodiscard]] SidebarView* sidebar() const { return m_sidebar; }
+    // Made when it is first asked for: the search isn't needed for the first page.
+    SearchPaneView* searchPane();
     [[nodiscard]] EntryView* entryView() const { return m_entryView; }
+    [[nodiscard]] YearRailView* rail() const { return m_rail; }
     [[nodiscard]] StatusBarView* statusBar() const { return m_statusBar; }
     // The window takes the bar over.
     void setMenuBar(QMenuBar* bar);
     [[nodiscard]] QMenuBar* menuBar() const { return m_menuBar; }
+    void retranslate();
+    void rememberFrame() const;
 
     // Whether the window may close now. Asked at each close; absent means yes.
     std::function<bool()> onClosing;
     std::function<void()> onClosed;
+    // The search pane was made and is to be wired.
+    std::function<void(SearchPaneView*)> onSearchPaneMade;
 
     static constexpr QSize preferredSize{1360, 840};
     static constexpr QSize leastSize{1080, 620};
+    static constexpr int sidebarWidth = 268;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -46,9 +58,13 @@ private:
 
     Settings& m_settings;
     QMenuBar* m_menuBar = nullptr;
+    // In the order in which Tab walks them.
     TopBarView* m_topBar;
+    SidebarView* m_sidebar;
     EntryView* m_entryView;
+    YearRailView* m_rail;
     StatusBarView* m_statusBar;
+    SearchPaneView* m_searchPane = nullptr;
 };
 
 }  // namespace velmar

@@ -2,34 +2,26 @@
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QMenuBar>
 
 #include "DiaryApp/Chrome/MainMenuBuilder.h"
 #include "DiaryApp/Chrome/Notices.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
-#include "DiaryApp/Chrome/TopBarView.h"
 #include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/EntryView.h"
-#include "DiaryApp/Shell/EditCommands.h"
+#include "DiaryApp/Navigation/SidebarView.h"
+#include "DiaryApp/Navigation/YearOverviewController.h"
+#include "DiaryApp/Navigation/YearRailView.h"
 #include "DiaryApp/Shell/MainWindow.h"
+#include "DiaryApp/Shell/WindowStates.h"
 #include "DiaryKit/Files/UserFolders.h"
+#include "DiaryKit/Foundation/Background.h"
 #include "DiaryKit/Foundation/TextSets.h"
 
 namespace velmar {
 
-namespace {
-
-// Both follow the order of the Format menu.
-std::optional<FormatCommand> formatCommandOf(Action action) {
-    if (action < Action::Bold || action > Action::Outdent) return std::nullopt;
-    return static_cast<FormatCommand>(static_cast<int>(action) - static_cast<int>(Action::Bold));
-}
-
-}  // namespace
-
 MainWindowController::MainWindowController(Settings& settings,
-                                           std::unique_ptr<diary::DiaryStore> store)
+                                           std::unique_ptr<diary::DiaryStore> store,
+                                           const FirstScan& scan)
     : m_settings(settings),
       m_store(std::move(store)),
       m_window(std::make_unique<MainWindow>(settings)) {
@@ -38,10 +30,10 @@ MainWindowController::MainWindowController(Settings& settings,
     environment.otherMarkers = notices::conflictMarkers;
     environment.recoveryFolder = diary::userStateFolder() + QLatin1String("/recovery/") +
                                  m_store->keptTexts().folder().section(u'/', -1);
-    m_session = std::make_unique<WritingSession>(*m_store, sessionView(), environment);
+    const SessionView view = sessionView();
+    m_session = std::make_unique<WritingSession>(*m_store, view, environment);
     m_alerts = std::make_unique<SessionAlerts>(*m_window, *m_session);
-    m_window->setMenuBar(
-        MainMenuBuilder::build(m_window.get(), [this](Action action) { perform(action); }));
+    m_searchWiring = std::make_unique<SearchWiring>(*m_window, *m_session, view, settings);
     wire();
     m_observer = std::make_unique<diary::VaultObserver>(m_store->rootURL(), [this] {
         // On the observer's thread; the session's is the main one.
@@ -49,6 +41,7 @@ MainWindowController::MainWindowController(Settings& settings,
             this, [this] { m_session->scheduleRemoteRefresh(); }, Qt::QueuedConnection);
     });
     m_observer->start();
+    lookThroughVault(scan);
     m_session->open(m_session->currentMonthDay(), Focus::Editor);
 }
 
@@ -63,10 +56,14 @@ MainWindowController::~MainWindowController() {
 SessionView MainWindowController::sessionView() {
     SessionView view;
     view.renderTopBar = [this] { renderTopBar(); };
+    view.renderSidebar = [this] { renderSidebar(); };
     view.renderEntry = [this] { renderEntry(); };
+    view.renderRail = [this] { renderRail(); };
     view.renderStatus = [this] { renderStatus(); };
     view.scrollToTop = [this] { m_window->entryView()->scrollToTop(); };
     view.focusEditor = [this] { m_window->entryView()->focusEditor(); };
+    view.clearSearchHighlights = [this] { search().draftBecameDirty(); };
+    view.remoteRefreshed = [this] { search().vaultRefreshed(); };
     view.setEdited = [this](bool isEdited) { m_window->setWindowModified(isEdited); };
     view.setEditable = [this](bool isOn) { m_window->entryView()->setEditable(isOn); };
     view.commitComposition = [this] { commitComposition(); };
@@ -78,102 +75,56 @@ SessionView MainWindowController::sessionView() {
     return view;
 }
 
-void MainWindowController::wire() {
-    EntryView* entry = m_window->entryView();
-    entry->onDraftChanged = [this](const QString& draft) { m_session->draftChanged(draft); };
-    entry->onPreviousDay = [this] { perform(Action::PreviousDay); };
-    entry->onNextDay = [this] { perform(Action::NextDay); };
-    MainMenuBuilder::showStates(
-        m_window->menuBar(), Menu::Format, [editor = entry->editor()](Action action) {
-            const auto format = formatCommandOf(action);
-            const bool isOn = format && editor->isVisible() && editor->canFormat();
-            return MainMenuBuilder::ItemState{isOn, isOn && isChecked(*format, editor->context())};
-        });
-    m_window->topBar()->onRandom = [this] { perform(Action::RandomDay); };
-    m_window->topBar()->onToggleSource = [this] { perform(Action::ToggleSource); };
-    m_window->onClosing = [this] { return mayClose(); };
-    m_window->onClosed = [this] { closeWindow(); };
-}
-
 void MainWindowController::show() {
     m_window->show();
     m_window->entryView()->focusEditor();
 }
 
-void MainWindowController::perform(Action action) {
-    GrowingTextView* editor = m_window->entryView()->editor();
-    if (const auto format = formatCommandOf(action)) return editor->perform(*format);
-    switch (action) {
-        case Action::Quit:
-        case Action::Close:
-            m_window->close();
-            break;
-        case Action::Save:
-            m_session->flushSaveIfDirty();
-            break;
-        case Action::Undo:
-        case Action::Redo:
-        case Action::Cut:
-        case Action::Copy:
-        case Action::Paste:
-        case Action::SelectAll:
-            editcommands::perform(action, QApplication::focusWidget(), editor);
-            break;
-        case Action::OneYear:
-            m_session->setAllYears(false);
-            break;
-        case Action::AllYears:
-            m_session->setAllYears(true);
-            break;
-        case Action::ToggleSource:
-            m_session->toggleSourceView();
-            break;
-        case Action::PreviousDay:
-            m_session->goPreviousDay();
-            break;
-        case Action::NextDay:
-            m_session->goNextDay();
-            break;
-        case Action::Today:
-            m_session->goToToday();
-            break;
-        case Action::RandomDay:
-            if (!m_session->goToRandomDay()) QApplication::beep();
-            break;
-        case Action::Hide:
-        case Action::Minimize:
-            m_window->showMinimized();
-            break;
-        case Action::Zoom:
-            m_window->isMaximized() ? m_window->showNormal() : m_window->showMaximized();
-            break;
-        default:
-            break;
+void MainWindowController::lookThroughVault(const FirstScan& scan) {
+    if (scan.valid() && scan.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
+        return takeScan(scan.get());
     }
+    diary::background::run(
+        diary::background::Urgency::UserWaits, this,
+        [scan, root = m_store->rootURL()] {
+            return scan.valid() ? scan.get() : diary::scanArchive(root, {}, {});
+        },
+        [this](const diary::ArchiveScan& found) {
+            takeScan(found);
+            renderSidebar();
+        });
+}
+
+void MainWindowController::takeScan(const diary::ArchiveScan& scan) {
+    m_store->adopt(scan);
+    m_isVaultKnown = true;
 }
 
 void MainWindowController::renderTopBar() {
-    const QString fileName = m_session->currentMonthDay().fileName();
-    const int currentYear = m_session->today().year;
-    const QString currentBody =
-        m_session->viewedYear() == currentYear ? m_session->draft() : m_session->body(currentYear);
-    const auto past = static_cast<int>(m_session->pastEntries().size());
-    const bool hasCurrent = !diary::text::trimmedOfBlanks(currentBody).isEmpty();
-    m_window->topBar()->update({fileName, past + (hasCurrent ? 1 : 0), m_session->showSource()});
-    m_window->setWindowTitle(fileName + QLatin1String("[*]"));
+    const TopBarView::Model model = windowstates::topBar(*m_session);
+    m_window->topBar()->update(model);
+    m_window->setWindowTitle(model.fileName + QLatin1String("[*]"));
+}
+
+void MainWindowController::renderSidebar() {
+    m_window->sidebar()->update(sidebarModel(windowstates::sidebar(*m_session, m_isVaultKnown)));
+    m_searchWiring->renderPane();
+    if (m_yearOverview && m_yearOverview->isVisible()) {
+        m_yearOverview->update(windowstates::yearOverview(*m_store));
+    }
 }
 
 void MainWindowController::renderEntry() {
-    EntryState state;
-    state.day = m_session->currentMonthDay();
-    state.viewedYear = m_session->viewedYear();
-    state.currentYear = m_session->today().year;
-    state.draft = m_session->draft();
-    state.pastEntries = m_session->pastEntries();
-    state.showGapYears = m_settings.showGapYears();
-    state.language = localization::installedLanguage();
+    const EntryState state = windowstates::entry(*m_session, search(), m_settings);
     m_window->entryView()->update(entryModel(state));
     m_window->entryView()->setEditable(!m_session->isImportWriting());
+    search().applySearchHighlights(SearchScroll::Stay);
+}
+
+void MainWindowController::renderRail() {
+    m_window->rail()->update(railModel(windowstates::rail(*m_session, search())));
+    const diary::MonthDay day = m_session->currentMonthDay();
+    if (std::exchange(m_railDay, day) != day) m_window->rail()->scrollToTop();
 }
 
 void MainWindowController::renderStatus() {
@@ -200,8 +151,13 @@ void MainWindowController::commitComposition() const {
 
 void MainWindowController::closeWindow() {
     m_session->close();
+    if (m_yearOverview) m_yearOverview->close();
     m_observer->stop();
     if (onClosed) onClosed();
+}
+
+void MainWindowController::rememberFrame() const {
+    m_window->rememberFrame();
 }
 
 void MainWindowController::applicationBecameActive() {
@@ -219,17 +175,23 @@ void MainWindowController::calendarDayChanged() {
 
 void MainWindowController::retranslate() {
     MainMenuBuilder::retranslate(m_window->menuBar());
-    m_window->topBar()->retranslate();
-    m_window->entryView()->retranslate();
-    m_window->statusBar()->retranslate();
+    m_window->retranslate();
     renderTopBar();
+    renderSidebar();
     renderEntry();
+    renderRail();
     renderStatus();
 }
 
 void MainWindowController::restyle() {
     m_window->entryView()->restyle();
     m_window->update();
+    if (m_yearOverview) m_yearOverview->restyle();
+}
+
+void MainWindowController::readingChanged() {
+    restyle();
+    renderEntry();
 }
 
 }  // namespace velmar

@@ -8,7 +8,7 @@
 #include <QtWidgets/QScrollBar>
 
 #include "DiaryApp/Navigation/AllYearsChip.h"
-#include "DiaryApp/Navigation/YearCard.h"
+#include "DiaryApp/Navigation/RailCard.h"
 #include "NavigationFixture.h"
 
 namespace velmar {
@@ -43,7 +43,7 @@ protected:
 
     [[nodiscard]] std::vector<int> years() const {
         std::vector<int> list;
-        for (const YearCard* card : view.cards()) list.push_back(card->year());
+        for (const RailCard* card : view.cards()) list.push_back(card->year());
         return list;
     }
 
@@ -97,7 +97,7 @@ TEST_F(YearRailViewTest, AKeystrokeRepaintsOneCard) {
     for (std::size_t i = 1; i < view.cards().size(); ++i) {
         view.cards()[i]->installEventFilter(&other);
     }
-    const std::vector<YearCard*> before = view.cards();
+    const std::vector<RailCard*> before = view.cards();
     rail.draft = QStringLiteral("x");
     update();
     QCoreApplication::processEvents();
@@ -107,7 +107,7 @@ TEST_F(YearRailViewTest, AKeystrokeRepaintsOneCard) {
 }
 
 TEST_F(YearRailViewTest, CardsOfYearsThatStayKeepFocus) {
-    YearCard* card = view.cards()[3];
+    RailCard* card = view.cards()[3];
     card->setFocus(Qt::TabFocusReason);
     rail.viewedYear = 2022;
     rail.draft.clear();
@@ -125,7 +125,7 @@ TEST_F(YearRailViewTest, TabWalksTheYearsInTheirOrder) {
     std::vector<int> walked;
     for (std::size_t i = 0; i < view.cards().size(); ++i) {
         QTest::keyClick(view.focusWidget(), Qt::Key_Tab);
-        const auto* card = qobject_cast<YearCard*>(view.focusWidget());
+        const auto* card = qobject_cast<RailCard*>(view.focusWidget());
         ASSERT_NE(card, nullptr);
         walked.push_back(card->year());
     }
@@ -135,18 +135,18 @@ TEST_F(YearRailViewTest, TabWalksTheYearsInTheirOrder) {
 }
 
 TEST_F(YearRailViewTest, AnotherDayReusesTheCards) {
-    const std::vector<YearCard*> before = view.cards();
+    const std::vector<RailCard*> before = view.cards();
     rail.pastEntries = {{2010, QStringLiteral("x")}};
     update();
     EXPECT_THAT(years(), ElementsAre(2026, 2010));
-    EXPECT_EQ(view.findChildren<YearCard*>().size(), static_cast<qsizetype>(before.size()));
+    EXPECT_EQ(view.findChildren<RailCard*>().size(), static_cast<qsizetype>(before.size()));
     EXPECT_EQ(std::ranges::count_if(before, &QWidget::isVisible), 2);
     rail.pastEntries = {{2025, QStringLiteral("x")}, {2024, QStringLiteral("x")},
                         {2023, QStringLiteral("x")}, {2022, QStringLiteral("x")},
                         {2021, QStringLiteral("x")}, {2020, QStringLiteral("x")}};
     update();
-    EXPECT_EQ(view.findChildren<YearCard*>().size(), 7);
-    for (const YearCard* card : view.cards()) EXPECT_TRUE(card->isVisible());
+    EXPECT_EQ(view.findChildren<RailCard*>().size(), 7);
+    for (const RailCard* card : view.cards()) EXPECT_TRUE(card->isVisible());
     QTest::mouseClick(view.cards()[1], Qt::LeftButton);
     EXPECT_THAT(picked, ElementsAre(2025));
 }

@@ -11,11 +11,11 @@ class QMenu;
 
 namespace velmar {
 
-class YearCard : public CardButton {
+class RailCard : public CardButton {
     Q_OBJECT
 
 public:
-    explicit YearCard(QWidget* parent);
+    explicit RailCard(QWidget* parent);
 
     // Repaints only what has changed, so that a keystroke costs one card.
     void update(const RailModel::Card& card);

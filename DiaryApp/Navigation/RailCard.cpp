@@ -1,4 +1,4 @@
-#include "DiaryApp/Navigation/YearCard.h"
+#include "DiaryApp/Navigation/RailCard.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QMenu>
@@ -51,11 +51,11 @@ QString spoken(const RailModel::Card& card) {
 
 }  // namespace
 
-YearCard::YearCard(QWidget* parent) : CardButton(kRadius, parent) {
+RailCard::RailCard(QWidget* parent) : CardButton(kRadius, parent) {
     setCheckable(true);
 }
 
-void YearCard::update(const RailModel::Card& card) {
+void RailCard::update(const RailModel::Card& card) {
     if (card == m_card) return;
     m_card = card;
     setChecked(card.isActive);
@@ -65,7 +65,7 @@ void YearCard::update(const RailModel::Card& card) {
                .hoverLine = card.isActive ? card.border : Token::CardBorderHover});
 }
 
-void YearCard::paintContent(QPainter& painter) const {
+void RailCard::paintContent(QPainter& painter) const {
     const QRectF inner = QRectF(rect()).adjusted(kPaddingX, kPaddingY, -kPaddingX, 0);
     paintHead(painter, inner);
     paintLines(painter, inner.adjusted(0, kSnippetTop, 0, 0), onOneLine(m_card.snippet),
@@ -73,7 +73,7 @@ void YearCard::paintContent(QPainter& painter) const {
     paintFoot(painter, inner);
 }
 
-void YearCard::paintHead(QPainter& painter, const QRectF& inner) const {
+void RailCard::paintHead(QPainter& painter, const QRectF& inner) const {
     const TextLook year = {fonts::spaced(fonts::mono(15, QFont::Medium), kYearSpacing), kYearLine,
                            m_card.yearColor};
     const TextLook meta = {fonts::mono(11), kCaptionLine,
@@ -84,7 +84,7 @@ void YearCard::paintHead(QPainter& painter, const QRectF& inner) const {
     paintLine(painter, inner.translated(0, drop), m_card.meta, meta, Qt::AlignRight);
 }
 
-void YearCard::paintFoot(QPainter& painter, const QRectF& inner) const {
+void RailCard::paintFoot(QPainter& painter, const QRectF& inner) const {
     const QRectF line(inner.left(), inner.top() + kFootTop, inner.width(), kCaptionLine);
     paintLine(
         painter, line, m_card.ago,

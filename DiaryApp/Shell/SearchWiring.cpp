@@ -1,0 +1,104 @@
+#include "DiaryApp/Shell/SearchWiring.h"
+
+#include "DiaryApp/Editor/GrowingTextView.h"
+#include "DiaryApp/Entry/EntryView.h"
+#include "DiaryApp/Navigation/SidebarView.h"
+#include "DiaryApp/Search/BackgroundSearch.h"
+#include "DiaryApp/Search/SearchPaneView.h"
+#include "DiaryApp/Shell/MainWindow.h"
+
+namespace velmar {
+
+SearchWiring::SearchWiring(MainWindow& window, WritingSession& session, const SessionView& view,
+                           Settings& settings)
+    : m_window(window),
+      m_session(session),
+      m_settings(settings),
+      m_search(host(view), makeEventLoopTimer) {
+    m_window.onSearchPaneMade = [this](SearchPaneView* pane) { wirePane(pane); };
+}
+
+SearchHost SearchWiring::host(const SessionView& view) {
+    SearchHost host;
+    host.currentMonthDay = [this] { return m_session.currentMonthDay(); };
+    host.viewedYear = [this] { return m_session.viewedYear(); };
+    host.showAllYears = [this] { return m_session.showAllYears(); };
+    host.draft = [this] { return m_session.draft(); };
+    host.body = [this](int year) { return m_session.body(year); };
+    host.contentYears = [this] {
+        const std::set<int> years = m_session.store().allContentYears();
+        return std::vector<int>(years.begin(), years.end());
+    };
+    host.open = [this](diary::MonthDay day) { return m_session.open(day, Focus::Unchanged); };
+    host.pickYear = [this](int year) { return m_session.pickYear(year, Focus::Unchanged); };
+    host.viewYearInAllYears = [this](int year) { return m_session.viewYearAmongAll(year); };
+    host.setAllYears = [this](bool isOn) { m_session.setAllYears(isOn); };
+    host.renderSidebar = view.renderSidebar;
+    host.renderEntry = view.renderEntry;
+    host.renderRail = view.renderRail;
+    host.renderStatus = view.renderStatus;
+    host.startSearch = backgroundSearch(m_session.store().rootURL(), {}, this);
+    host.rememberSearch = [this](const QString& query) { m_settings.rememberSearch(query); };
+    host.scriptedQuery = m_settings.environment(QStringLiteral("DIARY_SEARCH_QUERY"));
+    addPage(host);
+    addPane(host);
+    return host;
+}
+
+void SearchWiring::addPage(SearchHost& host) {
+    EntryView* page = m_window.entryView();
+    host.setHighlights = [page](const SearchHost::Ranges& ranges, int current,
+                                SearchScroll scroll) {
+        const bool scrolls = scroll == SearchScroll::ToMatch;
+        page->setHighlights(ranges, current,
+                            scrolls ? EntryView::Scroll::ToMatch : EntryView::Scroll::None);
+    };
+    host.setAllYearsHighlights = [page](const auto& rangesOfYear) {
+        std::map<int, SearchHost::Ranges> ranges;
+        for (const auto& [year, card] : page->yearCards()) ranges[year] = rangesOfYear(year);
+        page->setYearHighlights(ranges);
+    };
+    host.clearHighlights = [page] { page->clearHighlights(); };
+    host.focusEditor = [page] { page->focusEditor(); };
+    host.selectInEditor = [page](diary::TextRange range) {
+        page->focusEditor();
+        page->editor()->selectRange(range);
+    };
+}
+
+void SearchWiring::addPane(SearchHost& host) {
+    host.switchSidebar = [this](bool showsSearch) {
+        if (showsSearch) m_window.searchPane();
+        m_window.sidebar()->setMode(
+            showsSearch ? SidebarView::Mode::Search : SidebarView::Mode::Calendar,
+            SidebarView::Animated::Yes);
+    };
+    host.focusField = [this](FieldCaret caret) { m_window.searchPane()->focusField(caret); };
+    host.setFieldText = [this](const QString& text) { m_window.searchPane()->setQuery(text); };
+}
+
+void SearchWiring::wirePane(SearchPaneView* pane) {
+    pane->onQueryChanged = [this](const QString& text) {
+        m_search.searchQueryChanged(text, SearchController::Run::AfterPause);
+    };
+    pane->onScope = [this](std::optional<int> year) { m_search.setScope(year); };
+    pane->onSelect = [this](int index) { m_search.select(index); };
+    pane->onOpen = [this](bool allYears) {
+        m_search.openSelected(allYears ? OpenHit::AllYears : OpenHit::OneYear);
+    };
+    pane->onMove = [this](int delta) { m_search.move(delta); };
+    pane->onEscape = [this] { m_search.escape(); };
+    pane->onRecent = [this](const QString& text) { m_search.useRecentSearch(text); };
+}
+
+void SearchWiring::renderPane() {
+    const auto& session = m_search.session();
+    if (!session) return;
+    SearchPaneView* pane = m_window.searchPane();
+    pane->setQuery(session->query);
+    pane->render(searchPaneState(*session, {.currentYear = m_session.today().year,
+                                            .recentSearches = m_settings.recentSearches(),
+                                            .language = localization::installedLanguage()}));
+}
+
+}  // namespace velmar

@@ -1,0 +1,41 @@
+// Leads the search to the window around it: what it asks of the session and the page, and what the
+// pane calls back.
+#pragma once
+
+#include <QtCore/QObject>
+
+#include "DiaryApp/Search/SearchController.h"
+#include "DiaryApp/Session/WritingSession.h"
+#include "DiaryApp/Settings/Settings.h"
+
+namespace velmar {
+
+class MainWindow;
+class SearchPaneView;
+
+// Main thread. Window, session and settings outlive it.
+class SearchWiring : public QObject {
+    Q_OBJECT
+
+public:
+    SearchWiring(MainWindow& window, WritingSession& session, const SessionView& view,
+                 Settings& settings);
+
+    [[nodiscard]] SearchController& search() { return m_search; }
+
+    // The search's part of the sidebar.
+    void renderPane();
+
+private:
+    [[nodiscard]] SearchHost host(const SessionView& view);
+    void addPage(SearchHost& host);
+    void addPane(SearchHost& host);
+    void wirePane(SearchPaneView* pane);
+
+    MainWindow& m_window;
+    WritingSession& m_session;
+    Settings& m_settings;
+    SearchController m_search;
+};
+
+}  // namespace velmar
