@@ -79,7 +79,7 @@ void SearchController::runSearch() {
     m_searchDebounce->stop();
     diary::SearchQuery query = diary::SearchQuery::parsing(m_session->query);
     const int request = ++m_searchRequest;
-    if (query.isEmpty()) return clearResult();
+    if (query.isEmpty()) return clearResult(*m_session);
     if (m_session->scope) query.year = m_session->scope;
     m_session->isSearching = true;
     call(m_host.renderSidebar);
@@ -89,13 +89,13 @@ void SearchController::runSearch() {
          });
 }
 
-void SearchController::clearResult() {
-    m_session->result.reset();
-    m_session->terms.clear();
-    m_session->selected.reset();
-    m_session->currentMatch = 0;
-    m_session->isSearching = false;
-    m_session->generation = ++m_generation;
+void SearchController::clearResult(SearchSession& session) {
+    session.result.reset();
+    session.terms.clear();
+    session.selected.reset();
+    session.currentMatch = 0;
+    session.isSearching = false;
+    session.generation = ++m_generation;
     renderWithoutHit();
 }
 
@@ -109,12 +109,12 @@ void SearchController::renderWithoutHit() {
 void SearchController::searchFinished(diary::SearchResult result, const QStringList& terms,
                                       int request) {
     if (!m_session || request != m_searchRequest) return;
+    m_session->selected = hitInView(result.hits);
     m_session->result = std::move(result);
     m_session->terms = terms;
     m_session->isSearching = false;
     m_session->generation = ++m_generation;
     m_session->currentMatch = 0;
-    m_session->selected = hitInView();
     if (m_session->selected) {
         showHit(*m_session->selected, HitFocus::Unchanged);
     } else {
@@ -122,8 +122,7 @@ void SearchController::searchFinished(diary::SearchResult result, const QStringL
     }
 }
 
-std::optional<int> SearchController::hitInView() const {
-    const std::vector<diary::SearchHit>& hits = m_session->result->hits;
+std::optional<int> SearchController::hitInView(const std::vector<diary::SearchHit>& hits) const {
     if (hits.empty()) return std::nullopt;
     const diary::MonthDay day = ask(m_host.currentMonthDay);
     const int year = ask(m_host.viewedYear);
@@ -196,7 +195,7 @@ std::vector<diary::TextRange> SearchController::liveMatchRanges(int ofYear) cons
 }
 
 std::optional<OpenHitMatches> SearchController::openHitMatches() const {
-    if (!showsSelectedHit()) return std::nullopt;
+    if (!m_session || !showsSelectedHit()) return std::nullopt;
     const auto count = static_cast<int>(liveMatchRanges(ask(m_host.viewedYear)).size());
     if (count == 0) return std::nullopt;
     return OpenHitMatches{count, std::min(m_session->currentMatch, count - 1)};
@@ -204,7 +203,7 @@ std::optional<OpenHitMatches> SearchController::openHitMatches() const {
 
 void SearchController::stepMatch(int delta) {
     const std::optional<OpenHitMatches> matches = openHitMatches();
-    if (!matches) return;
+    if (!m_session || !matches) return;
     m_session->currentMatch = wrapped(matches->current + delta, matches->count);
     applySearchHighlights(SearchScroll::ToMatch);
 }
@@ -232,13 +231,14 @@ void SearchController::move(int delta) {
 }
 
 void SearchController::openSelected(OpenHit as) {
-    if (selectedHit() == nullptr) return;
+    if (!m_session || !m_session->selected) return;
+    const int selected = *m_session->selected;
     call(m_host.rememberSearch, m_session->query);
     if (as == OpenHit::AllYears) {
         call(m_host.setAllYears, true);
         applySearchHighlights(SearchScroll::Stay);
     } else {
-        showHit(*m_session->selected, HitFocus::Editor);
+        showHit(selected, HitFocus::Editor);
     }
 }
 

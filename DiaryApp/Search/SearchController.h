@@ -78,12 +78,12 @@ private:
     void runSearch();
     void searchFinished(diary::SearchResult result, const QStringList& terms, int request);
     void showHit(int index, HitFocus focus);
-    void clearResult();
+    void clearResult(SearchSession& session);
     [[nodiscard]] bool bringIntoView(const diary::SearchHit& hit);
     [[nodiscard]] const diary::SearchHit* selectedHit() const;
     [[nodiscard]] bool showsSelectedHit() const;
     // Index of the hit for what is in view, or else 0; nothing without hits.
-    [[nodiscard]] std::optional<int> hitInView() const;
+    [[nodiscard]] std::optional<int> hitInView(const std::vector<diary::SearchHit>& hits) const;
     void renderWithoutHit();
 
     SearchHost m_host;
