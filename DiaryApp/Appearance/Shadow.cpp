@@ -1,6 +1,7 @@
 #include "DiaryApp/Appearance/Shadow.h"
 
 #include <QtGui/QImage>
+#include <QtGui/QPixmapCache>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -48,14 +49,29 @@ QImage blurredBox(const QSize& box, int reach, double deviation, const QColor& c
     return image;
 }
 
+// Made once for each size and colour: what stands on the box is repainted far more often.
+QPixmap cachedBox(const QSize& box, int reach, double deviation, const QColor& color) {
+    const QString key = QStringLiteral("shadow/%1/%2/%3/%4")
+                            .arg(box.width())
+                            .arg(box.height())
+                            .arg(deviation)
+                            .arg(color.name(QColor::HexArgb));
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap::fromImage(blurredBox(box, reach, deviation, color));
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
 }  // namespace
 
 void paintShadow(QPainter& painter, const QRectF& box, const Elevation& elevation) {
     const int reach = static_cast<int>(std::ceil(elevation.blur));
     const QRect below = box.translated(0, elevation.offset).toAlignedRect();
     if (below.isEmpty()) return;
-    painter.drawImage(below.topLeft() - QPoint(reach, reach),
-                      blurredBox(below.size(), reach, elevation.blur / 2, shadowColor(elevation)));
+    painter.drawPixmap(below.topLeft() - QPoint(reach, reach),
+                       cachedBox(below.size(), reach, elevation.blur / 2, shadowColor(elevation)));
 }
 
 }  // namespace velmar

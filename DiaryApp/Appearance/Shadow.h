@@ -20,8 +20,8 @@ inline constexpr Elevation kPopover = {12, 34, 0.18};
 inline constexpr Elevation kSheet = {18, 48, 0.22};
 }  // namespace elevation
 
-// Paints the shadow of a box; the box itself comes on top afterwards. Takes some milliseconds for
-// a large box, so it isn't for what is repainted at each key.
+// Paints the shadow of a box; the box itself comes on top afterwards. Painted from a cache, so a
+// box that changes its size with every frame is better off without.
 void paintShadow(QPainter& painter, const QRectF& box, const Elevation& elevation);
 
 }  // namespace velmar
