@@ -909,7 +909,7 @@
     <message id="Settings.Sample">
         <source></source>
         <extracomment>A sample of the font; one short sentence.</extracomment>
-        <translation>日付は、ひとつの場所。</translation>
+        <translation>日付は場所だ。</translation>
     </message>
     <message id="Settings.GapYears">
         <source></source>
@@ -1040,7 +1040,7 @@
     <message id="Settings.InAndOut">
         <source></source>
         <extracomment>Section: import and export.</extracomment>
-        <translation>読み込みと書き出し</translation>
+        <translation>データの出し入れ</translation>
     </message>
     <message id="Settings.Import">
         <source></source>

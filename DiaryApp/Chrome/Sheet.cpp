@@ -5,6 +5,7 @@
 #include <QtGui/QPainter>
 
 #include "DiaryApp/Appearance/ControlAccess.h"
+#include "DiaryApp/Appearance/Shadow.h"
 #include "DiaryApp/Appearance/Theme.h"
 
 namespace velmar {
@@ -14,17 +15,6 @@ namespace {
 constexpr double kRadius = 14;
 // The sheet stands a little above the middle, where the eye is.
 constexpr double kAboveMiddle = 0.42;
-
-// A soft shadow, painted as rings that grow and fade.
-void paintShadow(QPainter& painter, const QRectF& panel) {
-    constexpr int kReach = 30;
-    painter.setPen(Qt::NoPen);
-    for (int i = kReach; i > 0; i -= 2) {
-        const double share = 1 - static_cast<double>(i) / kReach;
-        painter.setBrush(theme::color(Token::InkStrong, 0.022 * share));
-        painter.drawRoundedRect(panel.adjusted(-i, -i + 18, i, i + 18), kRadius + i, kRadius + i);
-    }
-}
 
 }  // namespace
 
@@ -112,7 +102,7 @@ void Sheet::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), theme::veil());
     painter.setRenderHint(QPainter::Antialiasing);
-    paintShadow(painter, m_panel);
+    paintShadow(painter, m_panel, elevation::kSheet);
     const bool isDark = theme::tokens().isDark();
     painter.setPen(QPen(theme::color(Token::Border), 1));
     painter.setBrush(theme::color(isDark ? Token::CardBg : Token::CardBgActive));

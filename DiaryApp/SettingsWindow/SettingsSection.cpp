@@ -14,10 +14,20 @@ constexpr int kTitleWidth = 136;
 constexpr int kPadding = 20;
 constexpr int kHairline = 1;
 constexpr int kGap = 10;
+constexpr int kTitleGap = 4;
 constexpr double kTitleHeight = 32;
 constexpr int kFurthestOutdent = static_cast<int>(SettingsSection::Outdent::Quiet);
 
+QFont titleFont() {
+    return fonts::serif(15.5, QFont::DemiBold);
+}
+
 }  // namespace
+
+bool SettingsSection::hasWholeTitle() const {
+    const double width = QFontMetricsF(titleFont()).horizontalAdvance(accessibleName());
+    return width <= kTitleWidth - kTitleGap;
+}
 
 SettingsSection::SettingsSection(QWidget* parent)
     : QWidget(parent), m_lines(new QVBoxLayout(this)) {
@@ -49,8 +59,8 @@ QHBoxLayout* SettingsSection::addLine(Outdent outdent, int height, int gap) {
 
 void SettingsSection::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    paintLine(painter, QRectF(0, kPadding, kTitleWidth - kGap, kTitleHeight), accessibleName(),
-              {fonts::serif(15.5, QFont::DemiBold), kTitleHeight, Token::InkTitle});
+    paintLine(painter, QRectF(0, kPadding, kTitleWidth - kTitleGap, kTitleHeight), accessibleName(),
+              {titleFont(), kTitleHeight, Token::InkTitle});
     if (!m_isLast) {
         paintHairline(painter, QPointF(0, height() - kHairline), width() - rightRoom,
                       Token::BorderSoft);

@@ -21,6 +21,8 @@ public:
     explicit SettingsSection(QWidget* parent = nullptr);
 
     void setTitle(const QString& title);
+    // False if the title is elided for want of room.
+    [[nodiscard]] bool hasWholeTitle() const;
 
     // The last one has no hairline below it.
     void setLast();

@@ -70,9 +70,13 @@ void SettingsWindowController::makeWindow() {
     wire();
     wireReading();
     wireVault();
-    // A font was installed or removed while the window is open.
-    connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, this,
-            &SettingsWindowController::rebuildContent);
+    // Fonts come and go many at a time, and reading their list anew takes long: once for all of
+    // them.
+    m_fontsChanged.setSingleShot(true);
+    m_fontsChanged.setInterval(0);
+    connect(&m_fontsChanged, &QTimer::timeout, this, &SettingsWindowController::rebuildContent);
+    connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, &m_fontsChanged,
+            qOverload<>(&QTimer::start));
 }
 
 SettingsFacts SettingsWindowController::facts() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QTimer>
 #include <functional>
 #include <memory>
 
@@ -91,6 +92,7 @@ private:
     Settings& m_settings;
     Surroundings m_surroundings;
     UpdateStatus m_update;
+    QTimer m_fontsChanged;
     std::unique_ptr<SettingsWindow> m_window;
 };
 

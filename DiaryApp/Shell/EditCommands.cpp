@@ -1,9 +1,9 @@
 #include "DiaryApp/Shell/EditCommands.h"
 
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPlainTextEdit>
 
 #include "DiaryApp/Editor/GrowingTextView.h"
+#include "DiaryApp/Entry/EntryView.h"
 
 namespace velmar::editcommands {
 
@@ -31,10 +31,11 @@ void performOn(Text& text, Action action) {
 
 }  // namespace
 
-void perform(Action action, QWidget* focus, GrowingTextView* editor) {
+void perform(Action action, QWidget* focus, EntryView& page) {
     if (auto* field = qobject_cast<QLineEdit*>(focus)) return performOn(*field, action);
-    if (auto* source = qobject_cast<QPlainTextEdit*>(focus)) return performOn(*source, action);
-    if (editor->isVisible()) performOn(*editor, action);
+    if (page.showsEditor()) return performOn(*page.editor(), action);
+    if (action == Action::Copy) page.copy();
+    if (action == Action::SelectAll) page.selectAll();
 }
 
 }  // namespace velmar::editcommands

@@ -1,5 +1,5 @@
-// The commands of the Edit menu that act on the text that has the focus: the page's, a search
-// field's, or the source's.
+// The commands of the Edit menu that act on the text that has the focus: a search field's or the
+// page's.
 #pragma once
 
 #include <QtWidgets/QWidget>
@@ -8,13 +8,13 @@
 
 namespace velmar {
 
-class GrowingTextView;
+class EntryView;
 
 namespace editcommands {
 
-// Runs the command on `focus` if that is a text, else on `editor` unless it is hidden. A command
-// that a text doesn't have does nothing.
-void perform(Action action, QWidget* focus, GrowingTextView* editor);
+// Runs the command on `focus` if that is a field, else on the page. A command that the text in view
+// doesn't have does nothing.
+void perform(Action action, QWidget* focus, EntryView& page);
 
 }  // namespace editcommands
 

@@ -1,6 +1,7 @@
 #include "DiaryApp/Shell/MainWindow.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QMenuBar>
@@ -69,6 +70,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     rememberFrame();
     event->accept();
     if (onClosed) onClosed();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && onEscape) return onEscape();
+    QWidget::keyPressEvent(event);
 }
 
 void MainWindow::rememberFrame() const {

@@ -37,6 +37,8 @@ public:
     void retranslate();
     void rememberFrame() const;
 
+    // The Escape key, where nothing that has the focus wants it.
+    std::function<void()> onEscape;
     // Whether the window may close now. Asked at each close; absent means yes.
     std::function<bool()> onClosing;
     std::function<void()> onClosed;
@@ -49,6 +51,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -36,6 +36,7 @@ void MainWindowController::wire() {
     wireMenu();
     wireEntry();
     wireColumns();
+    m_window->onEscape = [this] { search().exitSearch(); };
     m_window->onClosing = [this] { return mayClose(); };
     m_window->onClosed = [this] { closeWindow(); };
 }
@@ -43,12 +44,11 @@ void MainWindowController::wire() {
 void MainWindowController::wireMenu() {
     const QMenuBar* bar = m_window->menuBar();
     using State = MainMenuBuilder::ItemState;
-    MainMenuBuilder::showStates(
-        bar, Menu::Format, [editor = m_window->entryView()->editor()](Action action) {
-            const auto format = formatCommandOf(action);
-            const bool isOn = format && editor->isVisible() && editor->canFormat();
-            return State{isOn, isOn && isChecked(*format, editor->context())};
-        });
+    MainMenuBuilder::showStates(bar, Menu::Format, [page = m_window->entryView()](Action action) {
+        const auto format = formatCommandOf(action);
+        const bool isOn = format && page->showsEditor() && page->editor()->canFormat();
+        return State{isOn, isOn && isChecked(*format, page->editor()->context())};
+    });
     MainMenuBuilder::showStates(bar, Menu::View, [this](Action action) {
         const bool isAll = m_session->showAllYears();
         return State{
@@ -107,8 +107,11 @@ void MainWindowController::pinch(bool isClosing, std::optional<int> year) {
 }
 
 void MainWindowController::perform(Action action) {
-    GrowingTextView* editor = m_window->entryView()->editor();
-    if (const auto format = formatCommandOf(action)) return editor->perform(*format);
+    EntryView& page = *m_window->entryView();
+    if (const auto format = formatCommandOf(action)) {
+        if (page.showsEditor()) page.editor()->perform(*format);
+        return;
+    }
     switch (action) {
         case Action::Quit:
         case Action::Close:
@@ -126,7 +129,7 @@ void MainWindowController::perform(Action action) {
         case Action::Copy:
         case Action::Paste:
         case Action::SelectAll:
-            editcommands::perform(action, QApplication::focusWidget(), editor);
+            editcommands::perform(action, QApplication::focusWidget(), page);
             break;
         case Action::Find:
             search().showSearch();

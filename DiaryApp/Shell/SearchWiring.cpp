@@ -5,6 +5,7 @@
 #include "DiaryApp/Navigation/SidebarView.h"
 #include "DiaryApp/Search/BackgroundSearch.h"
 #include "DiaryApp/Search/SearchPaneView.h"
+#include "DiaryApp/Search/SearchPaneWiring.h"
 #include "DiaryApp/Shell/MainWindow.h"
 
 namespace velmar {
@@ -15,7 +16,7 @@ SearchWiring::SearchWiring(MainWindow& window, WritingSession& session, const Se
       m_session(session),
       m_settings(settings),
       m_search(host(view), makeEventLoopTimer) {
-    m_window.onSearchPaneMade = [this](SearchPaneView* pane) { wirePane(pane); };
+    m_window.onSearchPaneMade = [this](SearchPaneView* pane) { wireSearchPane(*pane, m_search); };
 }
 
 SearchHost SearchWiring::host(const SessionView& view) {
@@ -75,20 +76,6 @@ void SearchWiring::addPane(SearchHost& host) {
     };
     host.focusField = [this](FieldCaret caret) { m_window.searchPane()->focusField(caret); };
     host.setFieldText = [this](const QString& text) { m_window.searchPane()->setQuery(text); };
-}
-
-void SearchWiring::wirePane(SearchPaneView* pane) {
-    pane->onQueryChanged = [this](const QString& text) {
-        m_search.searchQueryChanged(text, SearchController::Run::AfterPause);
-    };
-    pane->onScope = [this](std::optional<int> year) { m_search.setScope(year); };
-    pane->onSelect = [this](int index) { m_search.select(index); };
-    pane->onOpen = [this](bool allYears) {
-        m_search.openSelected(allYears ? OpenHit::AllYears : OpenHit::OneYear);
-    };
-    pane->onMove = [this](int delta) { m_search.move(delta); };
-    pane->onEscape = [this] { m_search.escape(); };
-    pane->onRecent = [this](const QString& text) { m_search.useRecentSearch(text); };
 }
 
 void SearchWiring::renderPane() {

@@ -11,7 +11,6 @@
 namespace velmar {
 
 class MainWindow;
-class SearchPaneView;
 
 // Main thread. Window, session and settings outlive it.
 class SearchWiring : public QObject {
@@ -30,7 +29,6 @@ private:
     [[nodiscard]] SearchHost host(const SessionView& view);
     void addPage(SearchHost& host);
     void addPane(SearchHost& host);
-    void wirePane(SearchPaneView* pane);
 
     MainWindow& m_window;
     WritingSession& m_session;

@@ -15,6 +15,7 @@
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
 #include "DiaryApp/Appearance/OverlayScrollBar.h"
+#include "DiaryApp/Appearance/Shadow.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
 
@@ -177,6 +178,22 @@ TEST_F(AppearanceTest, IconsTakeTheirColour) {
     }
     EXPECT_TRUE(hasInk);
     EXPECT_FALSE(icons::exists(QStringLiteral("no-such-icon")));
+}
+
+TEST_F(AppearanceTest, AShadowIsDarkestBelowItsBoxAndFadesToNothing) {
+    theme::setPalette(Palette::paper);
+    QImage image(300, 300, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    {
+        QPainter painter(&image);
+        paintShadow(painter, {100, 100, 100, 100}, elevation::kPopover);
+    }
+    const auto alpha = [&](int x, int y) { return image.pixelColor(x, y).alphaF(); };
+    EXPECT_NEAR(alpha(150, 162), 0.18, 0.01) << "the middle, which is lower than the box's";
+    EXPECT_NEAR(alpha(150, 212), 0.09, 0.01) << "half at the lower edge";
+    EXPECT_LT(alpha(150, 100), alpha(150, 199)) << "more falls below than above";
+    EXPECT_EQ(alpha(150, 250), 0);
+    EXPECT_EQ(alpha(10, 10), 0);
 }
 
 TEST_F(AppearanceTest, ParagraphsCountWholeLines) {

@@ -67,6 +67,12 @@ TEST_P(SettingsGallery, SettingsFitTheirWindow) {
     for (const auto* each : controller->window()->findChildren<TextLabel*>()) {
         EXPECT_GE(each->width(), each->sizeHint().width()) << each->text().toStdString();
     }
+    for (const auto* each : controller->window()->findChildren<SettingsSection*>()) {
+        EXPECT_TRUE(each->hasWholeTitle()) << each->accessibleName().toStdString();
+    }
+    const auto* sample = control<QLabel>(qtTrId("Settings.Sample").toUtf8().constData());
+    EXPECT_GE(sample->width(),
+              QFontMetricsF(fonts::body(*stored, 16.5)).horizontalAdvance(sample->text()));
     for (const auto* each : controller->window()->findChildren<QAbstractButton*>()) {
         EXPECT_GE(each->width(), each->sizeHint().width()) << each->text().toStdString();
     }

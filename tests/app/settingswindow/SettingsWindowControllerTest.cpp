@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
@@ -260,6 +261,20 @@ TEST_F(SettingsWindowTest, UpdatesSayThatTheyAreUnsupportedUntilTheyAre) {
     EXPECT_EQ(told, QStringList(QStringLiteral("check")));
     controller->setUpdateStatus({UpdateStatus::State::Checking, {}});
     EXPECT_FALSE(control<QAbstractButton>("Check Now")->isEnabled());
+}
+
+TEST_F(SettingsWindowTest, FontsThatAreInstalledMeanwhileAreOfferedOnce) {
+    open();
+    EXPECT_EQ(control<ComboBox>("Font")->choices().size(), 3);
+    int counted = 0;
+    controller->hiddenPhotosStatus = [&] {
+        ++counted;
+        return hidden;
+    };
+    families += QStringLiteral("Palatino");
+    for (int i = 0; i < 9; ++i) Q_EMIT qGuiApp->fontDatabaseChanged();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return control<ComboBox>("Font")->choices().size() == 4; }));
+    EXPECT_EQ(counted, 1);
 }
 
 TEST_F(SettingsWindowTest, EverythingWorksWithoutCallbacks) {

@@ -4,6 +4,7 @@
 #include <QtCore/QTimeZone>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QLabel>
 
 #include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Motion.h"
@@ -67,7 +68,8 @@ protected:
     [[nodiscard]] Control* control(const char* name) const {
         for (auto* each : controller->window()->findChildren<Control*>()) {
             const auto* button = qobject_cast<QAbstractButton*>(static_cast<QWidget*>(each));
-            const QString text = button ? button->text() : QString();
+            const auto* label = qobject_cast<QLabel*>(static_cast<QWidget*>(each));
+            const QString text = button ? button->text() : label ? label->text() : QString();
             const QString wanted = QString::fromUtf8(name);
             if (each->accessibleName() == wanted || text == wanted) return each;
         }
