@@ -69,7 +69,8 @@ void AppDelegate::start() {
     m_dayChange = std::make_unique<DayChangeNotifier>(diary::Clock::system(),
                                                       [this] { m_main->calendarDayChanged(); });
     m_signals = std::make_unique<UnixSignals>([this] { terminate(); });
-    followSystem();
+    // Reaching the desktop takes a moment, which the first page waits for only if it decides on it.
+    if (m_settings.appearanceMode() == diary::AppearanceMode::system) followSystem();
     QTimer::singleShot(kAfterFirstPaint, this, [this] { finishStart(); });
     if (isScripted) {
         debugscenario::run(m_settings, *this, [this](int code) {
@@ -95,13 +96,12 @@ std::unique_ptr<MainWindowController> AppDelegate::makeController() {
     return made;
 }
 
-// For another vault. The day stays; a draft that can't be saved is kept by the session's close.
+// For another vault. The day stays; a draft that can't be saved is kept. The old window goes later:
+// what asked for another vault may be a sheet on it.
 void AppDelegate::rebuildMainWindow() {
     const diary::MonthDay day = m_main->session().currentMonthDay();
-    m_main->session().close();
-    m_main->rememberFrame();
-    m_main->onClosed = {};
-    const std::unique_ptr<MainWindowController> old = std::exchange(m_main, makeController());
+    m_main->retire();
+    std::exchange(m_main, makeController()).release()->deleteLater();
     m_main->session().open(day, Focus::Editor);
     m_main->show();
 }
@@ -209,6 +209,7 @@ void AppDelegate::showAbout() {
 
 // What the first page doesn't need. Looking for the icon takes longer than reading the day.
 void AppDelegate::finishStart() {
+    if (!m_system) followSystem();
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.velmar.Velmar")));
     removeAbandonedTemporaries();
 }

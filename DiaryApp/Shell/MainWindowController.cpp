@@ -156,8 +156,11 @@ void MainWindowController::closeWindow() {
     if (onClosed) onClosed();
 }
 
-void MainWindowController::rememberFrame() const {
+void MainWindowController::retire() {
+    onClosed = {};
+    closeWindow();
     m_window->rememberFrame();
+    m_window->hide();
 }
 
 void MainWindowController::applicationBecameActive() {

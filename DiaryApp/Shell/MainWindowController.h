@@ -44,8 +44,9 @@ public:
     void perform(Action action);
     void showYearOverview();
 
-    // As a close would; for a window that another takes the place of.
-    void rememberFrame() const;
+    // Ends the session and hides the window, which another takes the place of. onClosed isn't
+    // called.
+    void retire();
 
     void applicationBecameActive();
     void applicationResignedActive();

@@ -1,70 +1,28 @@
 // The window put together: what is typed into it, what it shows, how it closes.
-#include "DiaryApp/Shell/MainWindowController.h"
-
 #include <gtest/gtest.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
 
-#include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Chrome/AlertSheet.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
-#include "DiaryApp/Editor/GrowingTextView.h"
-#include "DiaryApp/Entry/EntryView.h"
-#include "DiaryApp/Settings/Localization.h"
-#include "DiaryApp/Shell/MainWindow.h"
-#include "DiaryKit/Vault/DiaryDay.h"
-#include "DiaryKit/Vault/YearSectionParser.h"
-#include "tests/support/Printing.h"
-#include "tests/support/TemporaryVault.h"
+#include "tests/app/shell/ShellFixture.h"
 
 namespace velmar {
 namespace {
 
-class MainWindowControllerTest : public testing::Test {
+class MainWindowControllerTest : public test::ShellFixture {
 protected:
-    MainWindowControllerTest()
-        : settings(std::make_unique<QSettings>(home.filePath(QStringLiteral("settings.ini")),
-                                               QSettings::IniFormat),
-                   home.path(), QProcessEnvironment()) {
-        appearance::prepare();
-        localization::install(Language::en);
-        appearance::apply(settings);
-        controller = makeController();
-    }
-    ~MainWindowControllerTest() override { localization::install(Language::en); }
-
-    std::unique_ptr<MainWindowController> makeController() {
-        auto made = std::make_unique<MainWindowController>(
-            settings, std::make_unique<diary::DiaryStore>(vault.path()));
-        made->onClosed = [this] { ++closed; };
-        made->show();
-        return made;
-    }
+    MainWindowControllerTest() { controller = makeController(); }
 
     void type(const QString& text) const { QTest::keyClicks(editor(), text); }
 
-    [[nodiscard]] GrowingTextView* editor() const {
-        return controller->window()->entryView()->editor();
-    }
     [[nodiscard]] QString fileName() const { return today.monthDay().fileName(); }
+    using test::ShellFixture::onDisk;
     [[nodiscard]] QString onDisk() const {
-        return diary::YearSectionParser::body(today.year,
-                                              QString::fromUtf8(vault.read(fileName())));
+        return onDisk(today.monthDay().headerTitle(), today.year);
     }
-
-    // Runs the event loop until the condition holds; false if it doesn't within ten seconds.
-    static bool waitUntil(const std::function<bool()>& condition) {
-        return QTest::qWaitFor(condition, 10000);
-    }
-
-    QTemporaryDir home;
-    diary::test::TemporaryVault vault;
-    Settings settings;
-    diary::DiaryDay today = diary::DiaryDay::today();
-    int closed = 0;
-    std::unique_ptr<MainWindowController> controller;
 };
 
 TEST_F(MainWindowControllerTest, WritesWhatIsTypedASecondLater) {

@@ -1,0 +1,99 @@
+// What the settings change while the application runs, and that no word is lost by it.
+#include "DiaryApp/Shell/AppDelegate.h"
+
+#include "DiaryApp/SettingsWindow/SettingsWindowController.h"
+#include "tests/app/shell/ShellFixture.h"
+
+namespace velmar {
+namespace {
+
+class AppDelegateTest : public test::ShellFixture {
+protected:
+    AppDelegateTest() {
+        settings.setVaultPath(vault.path());
+        delegate.start();
+        delegate.showSettings();
+        QTest::keyClicks(text(), QStringLiteral("words"));
+    }
+    ~AppDelegateTest() override {
+        settings.setLightPalette(diary::Palette::paper);
+        appearance::apply(settings);
+    }
+
+    [[nodiscard]] WritingSession& session() const {
+        return delegate.mainWindowController()->session();
+    }
+    [[nodiscard]] GrowingTextView* text() const {
+        return delegate.mainWindowController()->window()->entryView()->editor();
+    }
+    [[nodiscard]] SettingsWindowController& preferences() const {
+        return *delegate.settingsWindowController();
+    }
+    [[nodiscard]] QString day() const { return today.monthDay().headerTitle(); }
+
+    diary::test::TemporaryVault otherVault;
+    AppDelegate delegate{settings};
+};
+
+TEST_F(AppDelegateTest, AnotherLanguageKeepsTheUnsavedWordsAndTheirUndo) {
+    settings.setLanguageOverride(QStringLiteral("ja"));
+    preferences().onLanguageChanged();
+    EXPECT_EQ(localization::installedLanguage(), Language::ja);
+    EXPECT_EQ(text()->draft(), u"words");
+    EXPECT_TRUE(session().isDirty());
+    text()->undo();
+    EXPECT_EQ(text()->draft(), QString());
+}
+
+TEST_F(AppDelegateTest, AnotherPaletteIsInForceAtOnce) {
+    settings.setLightPalette(diary::Palette::celadon);
+    preferences().onAppearanceChanged();
+    EXPECT_EQ(theme::tokens().palette(), diary::Palette::celadon);
+    EXPECT_EQ(text()->draft(), u"words");
+    EXPECT_TRUE(session().isDirty());
+}
+
+TEST_F(AppDelegateTest, AnotherSizeReachesThePage) {
+    const int before = text()->font().pixelSize();
+    settings.setEditorFontSize(settings.editorFontSize() + 4);
+    preferences().onReadingChanged();
+    EXPECT_GT(text()->font().pixelSize(), before);
+    EXPECT_EQ(text()->draft(), u"words");
+}
+
+TEST_F(AppDelegateTest, AnotherVaultTakesThePlaceOfTheFirstWhichIsSaved) {
+    session().open({3, 7}, Focus::Editor);
+    QTest::keyClicks(text(), QStringLiteral("more"));
+    settings.setVaultPath(otherVault.path());
+    preferences().onVaultChanged();
+    EXPECT_EQ(onDisk(day(), today.year), u"words");
+    EXPECT_EQ(onDisk(QStringLiteral("03-07"), today.year), u"more");
+    EXPECT_EQ(session().store().rootURL(), otherVault.path());
+    EXPECT_EQ(session().currentMonthDay(), (diary::MonthDay{3, 7}));
+    EXPECT_EQ(text()->draft(), QString());
+    EXPECT_TRUE(delegate.mainWindowController()->window()->isVisible());
+}
+
+TEST_F(AppDelegateTest, AVaultThatCannotBeSavedToIsLeftWithItsDraftKept) {
+    QDir().mkpath(vault.filePath(day() + QLatin1String(".md")));
+    const diary::KeptTexts kept = session().store().keptTexts();
+    settings.setVaultPath(otherVault.path());
+    preferences().onVaultChanged();
+    EXPECT_EQ(kept.list(day(), diary::KeptReason::UnsavedDraft).size(), 1U);
+    EXPECT_EQ(session().store().rootURL(), otherVault.path());
+}
+
+TEST_F(AppDelegateTest, TheNewWindowFollowsTheSettingsToo) {
+    settings.setVaultPath(otherVault.path());
+    preferences().onVaultChanged();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QTest::keyClicks(text(), QStringLiteral("new words"));
+    settings.setLanguageOverride(QStringLiteral("zh-Hans"));
+    preferences().onLanguageChanged();
+    EXPECT_EQ(text()->draft(), u"new words");
+    session().flushSaveIfDirty();
+    EXPECT_TRUE(otherVault.exists(day() + QLatin1String(".md")));
+}
+
+}  // namespace
+}  // namespace velmar
