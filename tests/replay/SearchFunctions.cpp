@@ -18,7 +18,7 @@ QString text(const QJsonObject& in, const char* key = "text") {
 QStringList terms(const QJsonObject& in) {
     QStringList list;
     const QJsonArray values = in[QLatin1String("terms")].toArray();
-    for (const QJsonValue& value : values) list << value.toString();
+    for (const auto& value : values) list << value.toString();
     return list;
 }
 
@@ -84,7 +84,7 @@ QJsonValue search(const QJsonObject& in) {
         write(folder.filePath(file.key()), file->toString().toUtf8());
     }
     const QJsonArray pending = in[QLatin1String("pending")].toArray();
-    for (const QJsonValue& name : pending) {
+    for (const auto& name : pending) {
         write(folder.filePath(QStringLiteral(".%1.icloud").arg(name.toString())), "");
     }
     const SearchResult result = searchVault(folder.path(), SearchQuery::parsing(text(in, "query")),

@@ -22,6 +22,7 @@ std::vector<SearchHit> hits(QStringView line, const QByteArray& bytes, int limit
 
 std::vector<int> years(const std::vector<SearchHit>& hits) {
     std::vector<int> list;
+    list.reserve(hits.size());
     for (const SearchHit& hit : hits) list.push_back(hit.year);
     return list;
 }
