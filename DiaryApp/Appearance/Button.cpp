@@ -42,12 +42,6 @@ void Button::setIconName(const QString& name) {
     update();
 }
 
-void Button::setLabelWeight(QFont::Weight weight) {
-    m_labelWeight = weight;
-    updateGeometry();
-    update();
-}
-
 void Button::setHint(const QString& text, const QKeySequence& shortcut) {
     const QString key = shortcut.toString(QKeySequence::NativeText);
     setToolTip(key.isEmpty() ? text : text + QStringLiteral("   ") + key);
@@ -110,7 +104,7 @@ void Button::paintLabel(QPainter& painter, const Colors& colors) const {
 }
 
 QFont Button::labelFont() const {
-    return fonts::sans(m_kind == Kind::Quiet ? 13 : 13.5, m_labelWeight);
+    return fonts::sans(m_kind == Kind::Quiet ? 13 : 13.5, QFont::Medium);
 }
 
 Button::Colors Button::colors() const {

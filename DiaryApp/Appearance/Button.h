@@ -26,8 +26,6 @@ public:
 
     // The icon ahead of the text, or alone where there is no text; empty for none.
     void setIconName(const QString& name);
-    // Medium before the first call.
-    void setLabelWeight(QFont::Weight weight);
     // The tooltip's text, with the shortcut behind it if there is one.
     void setHint(const QString& text, const QKeySequence& shortcut = {});
 
@@ -57,7 +55,6 @@ private:
     void fadeHover(bool isOver);
 
     Kind m_kind;
-    QFont::Weight m_labelWeight = QFont::Medium;
     QString m_iconName;
     QVariantAnimation m_hover;
     QFocusFrame* m_ring = nullptr;

@@ -3,17 +3,8 @@
 #include <QtGui/QFocusEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QFocusFrame>
-
-#include "DiaryApp/Appearance/Motion.h"
 
 namespace velmar {
-
-namespace {
-
-constexpr int kHoverMilliseconds = 90;
-
-}  // namespace
 
 void paintCard(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
                const QColor& line, Qt::PenStyle style) {
@@ -24,14 +15,10 @@ void paintCard(QPainter& painter, const QRectF& rect, double radius, const QColo
     painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
 }
 
-CardButton::CardButton(double radius, QWidget* parent) : QAbstractButton(parent), m_radius(radius) {
+CardButton::CardButton(double radius, QWidget* parent)
+    : QAbstractButton(parent), m_radius(radius), m_hover(this), m_ring(this, radius) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
-    m_hover.setStartValue(0.0);
-    m_hover.setEndValue(1.0);
-    m_hover.setDuration(kHoverMilliseconds);
-    m_hover.setEasingCurve(QEasingCurve::OutQuad);
-    connect(&m_hover, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
 }
 
 void CardButton::setGround(const Ground& ground) {
@@ -39,52 +26,38 @@ void CardButton::setGround(const Ground& ground) {
     update();
 }
 
-double CardButton::hoverShare() const {
-    return m_hover.currentValue().toDouble();
-}
-
 QColor CardButton::hovered(Token rest, Token hover) const {
     return theme::mixed(theme::color(rest), theme::color(hover), hoverShare());
 }
 
 bool CardButton::event(QEvent* event) {
-    if (event->type() == QEvent::HoverEnter) fadeHover(true);
-    if (event->type() == QEvent::HoverLeave) fadeHover(false);
+    if (event->type() == QEvent::HoverEnter) m_hover.setOver(true);
+    if (event->type() == QEvent::HoverLeave) m_hover.setOver(false);
     return QAbstractButton::event(event);
 }
 
-void CardButton::fadeHover(bool isOver) {
-    m_hover.setDirection(isOver ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    if (!motion::isReduced() && isVisible()) {
-        if (m_hover.state() != QAbstractAnimation::Running) m_hover.start();
-    } else {
-        m_hover.setCurrentTime(isOver ? kHoverMilliseconds : 0);
-    }
+void CardButton::paintGround(QPainter& painter) const {
+    const QColor rest = m_ground.isDashed ? theme::none() : theme::color(m_ground.fill);
+    paintCard(painter, rect(), m_radius, isDown() ? theme::color(Token::HoverBg) : rest,
+              hovered(m_ground.line, m_ground.hoverLine),
+              m_ground.isDashed ? Qt::DashLine : Qt::SolidLine);
 }
 
 void CardButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor rest = m_ground.isDashed ? theme::none() : theme::color(m_ground.fill);
-    paintCard(painter, rect(), m_radius, isDown() ? theme::color(Token::HoverBg) : rest,
-              hovered(m_ground.line, m_ground.hoverLine),
-              m_ground.isDashed ? Qt::DashLine : Qt::SolidLine);
+    paintGround(painter);
     paintContent(painter);
 }
 
 void CardButton::focusInEvent(QFocusEvent* event) {
     QAbstractButton::focusInEvent(event);
-    const bool byKeyboard = event->reason() == Qt::TabFocusReason ||
-                            event->reason() == Qt::BacktabFocusReason ||
-                            event->reason() == Qt::ShortcutFocusReason;
-    if (!byKeyboard) return;
-    if (m_ring == nullptr) m_ring = new QFocusFrame(this);
-    m_ring->setWidget(this);
+    m_ring.focusIn(event->reason());
 }
 
 void CardButton::focusOutEvent(QFocusEvent* event) {
     QAbstractButton::focusOutEvent(event);
-    if (m_ring != nullptr) m_ring->setWidget(nullptr);
+    m_ring.focusOut(event->reason());
 }
 
 // Return presses the card as Space does.

@@ -2,12 +2,11 @@
 // press and the focus ring (after the keyboard moved the focus) are the same for all of them.
 #pragma once
 
-#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QAbstractButton>
 
+#include "DiaryApp/Appearance/FocusRing.h"
+#include "DiaryApp/Appearance/HoverFade.h"
 #include "DiaryApp/Appearance/Theme.h"
-
-class QFocusFrame;
 
 namespace velmar {
 
@@ -17,9 +16,6 @@ void paintCard(QPainter& painter, const QRectF& rect, double radius, const QColo
 
 class CardButton : public QAbstractButton {
     Q_OBJECT
-
-public:
-    [[nodiscard]] double radius() const { return m_radius; }
 
 protected:
     struct Ground {
@@ -35,9 +31,10 @@ protected:
 
     void setGround(const Ground& ground);
     // 0 to 1, how much of its hover look the card has.
-    [[nodiscard]] double hoverShare() const;
+    [[nodiscard]] double hoverShare() const { return m_hover.share(); }
     // From `rest` to `hover` as the pointer comes.
     [[nodiscard]] QColor hovered(Token rest, Token hover) const;
+    virtual void paintGround(QPainter& painter) const;
     virtual void paintContent(QPainter& painter) const = 0;
 
     bool event(QEvent* event) override;
@@ -47,12 +44,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void fadeHover(bool isOver);
-
     double m_radius;
     Ground m_ground;
-    QVariantAnimation m_hover;
-    QFocusFrame* m_ring = nullptr;
+    HoverFade m_hover;
+    FocusRing m_ring;
 };
 
 }  // namespace velmar

@@ -9,8 +9,8 @@
 #include <QtWidgets/QStyleOption>
 #include <cmath>
 
-#include "DiaryApp/Appearance/CardButton.h"
 #include "DiaryApp/Appearance/Chip.h"
+#include "DiaryApp/Appearance/FocusRing.h"
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
@@ -32,8 +32,6 @@ constexpr int kMenuLeastWidth = 222;
 constexpr double kMenuRadius = 10;
 constexpr double kItemRadius = 6;
 constexpr int kRingReach = 4;
-constexpr double kRingRadius = 10;
-constexpr double kRingGap = 2;
 
 // "&Save" is shown as "Save"; the texts here have no marked letters, but a name may hold "&&".
 QString plain(const QString& text) {
@@ -111,8 +109,7 @@ double ringRadius(const QStyleOption& option, const QWidget* frame) {
     const auto* ring = qobject_cast<const QFocusFrame*>(frame);
     const QWidget* box = ring != nullptr ? ring->widget() : nullptr;
     if (qobject_cast<const Chip*>(box) != nullptr) return option.rect.height() / 2.0 - 1;
-    const auto* card = qobject_cast<const CardButton*>(box);
-    return card != nullptr ? card->radius() + kRingGap : kRingRadius;
+    return FocusRing::cornerRadius(box) + 2;
 }
 
 // Two pixels wide, two pixels outside the box that has the focus, and round as that box is.
@@ -245,7 +242,7 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
         case SH_ToolTipLabel_Opacity:
             return 255;
         case SH_FocusFrame_Mask:
-            // The usual mask leaves out the box itself, and with it the ring's rounded corners.
+            // The mask would cut the ring where it goes around a box's round corners.
             return 0;
         case SH_Menu_Mask:
             return menuMask(option, result);

@@ -1,8 +1,8 @@
 // The views painted in several palettes and languages. The pictures are left in the build folder to
 // be looked at; the tests ask that grounds and inks are the theme's, at any scale.
 #include <QtCore/QDir>
-#include <QtGui/QMouseEvent>
 #include <QtGui/QImage>
+#include <QtGui/QMouseEvent>
 #include <QtTest/QTest>
 
 #include "DiaryApp/Navigation/DayGridView.h"
