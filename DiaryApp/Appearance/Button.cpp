@@ -55,12 +55,6 @@ void Button::setIconName(const QString& name) {
     update();
 }
 
-void Button::setLabelWeight(QFont::Weight weight) {
-    m_labelWeight = weight;
-    updateGeometry();
-    update();
-}
-
 void Button::setHint(const QString& text, const QKeySequence& shortcut) {
     const QString key = shortcut.toString(QKeySequence::NativeText);
     setToolTip(key.isEmpty() ? text : text + QStringLiteral("   ") + key);
@@ -122,7 +116,7 @@ void Button::paintLabel(QPainter& painter, const ButtonColors& colors) const {
 }
 
 QFont Button::labelFont() const {
-    return fonts::sans(buttonMeasures(m_kind, m_size).fontSize, m_labelWeight);
+    return fonts::sans(buttonMeasures(m_kind, m_size).fontSize, QFont::Medium);
 }
 
 ButtonColors Button::colors() const {

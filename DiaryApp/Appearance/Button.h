@@ -24,8 +24,6 @@ public:
     void setButtonSize(Size size);
     // The icon ahead of the text, or alone where there is no text; empty for none.
     void setIconName(const QString& name);
-    // Medium before the first call.
-    void setLabelWeight(QFont::Weight weight);
     // The tooltip's text, with the shortcut behind it if there is one.
     void setHint(const QString& text, const QKeySequence& shortcut = {});
 
@@ -46,7 +44,6 @@ private:
 
     Kind m_kind;
     Size m_size;
-    QFont::Weight m_labelWeight = QFont::Medium;
     QString m_iconName;
     HoverFade m_hover;
     FocusRing m_ring;

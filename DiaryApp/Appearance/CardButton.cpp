@@ -36,13 +36,17 @@ bool CardButton::event(QEvent* event) {
     return QAbstractButton::event(event);
 }
 
-void CardButton::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
+void CardButton::paintGround(QPainter& painter) const {
     const QColor rest = m_ground.isDashed ? theme::none() : theme::color(m_ground.fill);
     paintCard(painter, rect(), m_radius, isDown() ? theme::color(Token::HoverBg) : rest,
               hovered(m_ground.line, m_ground.hoverLine),
               m_ground.isDashed ? Qt::DashLine : Qt::SolidLine);
+}
+
+void CardButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintGround(painter);
     paintContent(painter);
 }
 

@@ -17,9 +17,6 @@ void paintCard(QPainter& painter, const QRectF& rect, double radius, const QColo
 class CardButton : public QAbstractButton {
     Q_OBJECT
 
-public:
-    [[nodiscard]] double radius() const { return m_radius; }
-
 protected:
     struct Ground {
         Token fill = Token::CardBg;
@@ -37,6 +34,7 @@ protected:
     [[nodiscard]] double hoverShare() const { return m_hover.share(); }
     // From `rest` to `hover` as the pointer comes.
     [[nodiscard]] QColor hovered(Token rest, Token hover) const;
+    virtual void paintGround(QPainter& painter) const;
     virtual void paintContent(QPainter& painter) const = 0;
 
     bool event(QEvent* event) override;

@@ -184,9 +184,12 @@ void DayCellsView::keyPressEvent(QKeyEvent* event) {
 }
 
 void DayCellsView::focusInEvent(QFocusEvent* event) {
-    m_showsRing = event->reason() == Qt::TabFocusReason ||
-                  event->reason() == Qt::BacktabFocusReason ||
-                  event->reason() == Qt::ShortcutFocusReason;
+    const Qt::FocusReason reason = event->reason();
+    // A focus that only comes back with its window has the ring that it had.
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+        m_showsRing = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                      reason == Qt::ShortcutFocusReason;
+    }
     update();
     announceFocus();
 }

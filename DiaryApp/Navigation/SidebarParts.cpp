@@ -2,6 +2,7 @@
 
 #include <QtGui/QKeySequence>
 #include <QtGui/QPainter>
+#include <cmath>
 
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Appearance/Fonts.h"
@@ -26,6 +27,10 @@ constexpr double kYearDrop = 1;
 constexpr int kStepTop = 2;
 constexpr double kStatHeight = 27;
 constexpr double kStatTextTop = 5;
+constexpr int kDoorHeight = 28;
+constexpr double kDoorIcon = 8;
+constexpr double kDoorText = 31;
+constexpr double kDoorEnd = 11;
 constexpr int kFootPadding = 12;
 constexpr int kFootTop = 8;
 
@@ -155,23 +160,48 @@ void StatsView::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
-SidebarFoot::SidebarFoot(QWidget* parent)
-    : QWidget(parent),
-      m_yearCalendar(iconButton(QStringLiteral("calendar"), this)),
-      m_settings(iconButton(QStringLiteral("sliders"), this)) {
-    for (Button* button : {m_yearCalendar, m_settings}) button->setLabelWeight(QFont::Normal);
+DoorButton::DoorButton(const QString& icon, QWidget* parent)
+    : CardButton(kRadius, parent), m_icon(icon) {}
+
+void DoorButton::setTexts(const QString& text, const QKeySequence& keys) {
+    setText(text);
+    setToolTip(text + QStringLiteral("   ") + keys.toString(QKeySequence::NativeText));
+    resize(sizeHint());
 }
 
+QSize DoorButton::sizeHint() const {
+    const double width = kDoorText + widthOf(text(), fonts::sans(13)) + kDoorEnd;
+    return {static_cast<int>(std::ceil(width)), kDoorHeight};
+}
+
+void DoorButton::paintGround(QPainter& painter) const {
+    const double share = isDown() ? 1 : hoverShare();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme::color(isDown() ? Token::GridHoverOutline : Token::HoverBg, share));
+    painter.drawRoundedRect(rect(), kRadius, kRadius);
+}
+
+void DoorButton::paintContent(QPainter& painter) const {
+    icons::paint(painter, {kDoorIcon, (height() - kIconSize) / 2, kIconSize, kIconSize}, m_icon,
+                 theme::color(Token::Chevron));
+    const QFont font = fonts::sans(13);
+    painter.setFont(font);
+    painter.setPen(isDown() ? theme::color(Token::Ink) : hovered(Token::ChromeText, Token::InkMed));
+    painter.drawText(QPointF(kDoorText, fonts::baseline(font, height())), text());
+}
+
+SidebarFoot::SidebarFoot(QWidget* parent)
+    : QWidget(parent),
+      m_yearCalendar(new DoorButton(QStringLiteral("calendar"), this)),
+      m_settings(new DoorButton(QStringLiteral("sliders"), this)) {}
+
 void SidebarFoot::retranslate() {
-    m_yearCalendar->setText(qtTrId("SidebarYearCalendar"));
-    m_yearCalendar->setHint(qtTrId("SidebarYearCalendar"), QKeySequence(Qt::CTRL | Qt::Key_Y));
-    m_settings->setText(qtTrId("SidebarSettings"));
-    m_settings->setHint(qtTrId("SidebarSettings"), QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    m_yearCalendar->setTexts(qtTrId("SidebarYearCalendar"), QKeySequence(Qt::CTRL | Qt::Key_Y));
+    m_settings->setTexts(qtTrId("SidebarSettings"), QKeySequence(Qt::CTRL | Qt::Key_Comma));
     place();
 }
 
 void SidebarFoot::place() {
-    for (Button* button : {m_yearCalendar, m_settings}) button->resize(button->sizeHint());
     m_yearCalendar->move(kFootPadding, kFootTop);
     m_settings->move(width() - kFootPadding - m_settings->width(), kFootTop);
 }

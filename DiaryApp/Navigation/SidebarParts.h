@@ -83,6 +83,24 @@ private:
     std::array<SidebarModel::Stat, 3> m_stats;
 };
 
+// A quiet button of the sidebar's foot: an icon and its text, lighter than the bars' buttons.
+class DoorButton : public CardButton {
+    Q_OBJECT
+
+public:
+    DoorButton(const QString& icon, QWidget* parent);
+
+    void setTexts(const QString& text, const QKeySequence& keys);
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintGround(QPainter& painter) const override;
+    void paintContent(QPainter& painter) const override;
+
+private:
+    QString m_icon;
+};
+
 // The two doors at the sidebar's bottom.
 class SidebarFoot : public QWidget {
     Q_OBJECT
@@ -92,8 +110,8 @@ public:
 
     void retranslate();
 
-    [[nodiscard]] Button* yearCalendar() const { return m_yearCalendar; }
-    [[nodiscard]] Button* settings() const { return m_settings; }
+    [[nodiscard]] DoorButton* yearCalendar() const { return m_yearCalendar; }
+    [[nodiscard]] DoorButton* settings() const { return m_settings; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -102,8 +120,8 @@ protected:
 private:
     void place();
 
-    Button* m_yearCalendar;
-    Button* m_settings;
+    DoorButton* m_yearCalendar;
+    DoorButton* m_settings;
 };
 
 }  // namespace velmar

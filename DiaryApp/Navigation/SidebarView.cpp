@@ -45,8 +45,9 @@ void SidebarView::wire() {
     connect(m_month->previous(), &Button::clicked, this, [this] { call(onPreviousMonth); });
     connect(m_month->next(), &Button::clicked, this, [this] { call(onNextMonth); });
     connect(m_today, &TodayButton::clicked, this, [this] { call(onToday); });
-    connect(m_foot->yearCalendar(), &Button::clicked, this, [this] { call(onShowYearOverview); });
-    connect(m_foot->settings(), &Button::clicked, this, [this] { call(onShowSettings); });
+    connect(m_foot->yearCalendar(), &DoorButton::clicked, this,
+            [this] { call(onShowYearOverview); });
+    connect(m_foot->settings(), &DoorButton::clicked, this, [this] { call(onShowSettings); });
     m_grid->onPreviousMonth = [this] { call(onPreviousMonth); };
     m_grid->onNextMonth = [this] { call(onNextMonth); };
     m_grid->onSelectDay = [this](int day) {

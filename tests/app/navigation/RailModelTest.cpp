@@ -15,12 +15,14 @@ protected:
 
     [[nodiscard]] std::vector<int> years() const {
         std::vector<int> list;
-        for (const RailModel::Card& card : model().cards) list.push_back(card.year);
+        const RailModel shown = model();
+        for (const RailModel::Card& card : shown.cards) list.push_back(card.year);
         return list;
     }
 
     [[nodiscard]] RailModel::Card card(int year) const {
-        for (const RailModel::Card& each : model().cards) {
+        const RailModel shown = model();
+        for (const RailModel::Card& each : shown.cards) {
             if (each.year == year) return each;
         }
         ADD_FAILURE() << "no card of " << year;
@@ -76,7 +78,8 @@ TEST_F(RailModelTest, TheYearInViewIsActiveAndShowsTheDraft) {
 
 TEST_F(RailModelTest, NoCardIsActiveWhileAllYearsShow) {
     rail.showAllYears = true;
-    for (const RailModel::Card& each : model().cards) {
+    const RailModel shown = model();
+    for (const RailModel::Card& each : shown.cards) {
         EXPECT_FALSE(each.isActive) << each.year;
         EXPECT_EQ(each.yearColor, Token::RailYear);
         EXPECT_EQ(each.background, Token::CardBg);

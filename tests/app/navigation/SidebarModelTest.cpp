@@ -13,7 +13,8 @@ protected:
 
     [[nodiscard]] QStringList statTexts() const {
         QStringList texts;
-        for (const SidebarModel::Stat& stat : model().stats) {
+        const SidebarModel shown = model();
+        for (const SidebarModel::Stat& stat : shown.stats) {
             texts.append(stat.label + u'|' + stat.value + u'|' + stat.suffix);
         }
         return texts;

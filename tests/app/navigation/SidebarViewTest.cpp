@@ -127,7 +127,7 @@ TEST_F(SidebarViewTest, TextsFollowTheLanguage) {
     EXPECT_EQ(part<SidebarFoot>()->settings()->text(), QStringLiteral("設定"));
     EXPECT_EQ(part<TodayButton>()->text(), QStringLiteral("今日に戻る"));
     EXPECT_EQ(part<MonthHead>()->previous()->accessibleName(), QStringLiteral("前の月"));
-    const Button* calendar = part<SidebarFoot>()->yearCalendar();
+    const DoorButton* calendar = part<SidebarFoot>()->yearCalendar();
     EXPECT_NE(calendar->width(), before);
     EXPECT_EQ(calendar->width(), calendar->sizeHint().width());
     EXPECT_EQ(part<SidebarFoot>()->settings()->geometry().right(), 254);

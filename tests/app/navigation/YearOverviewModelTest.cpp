@@ -18,7 +18,7 @@ protected:
 
 TEST_F(YearOverviewModelTest, HasTwelveMonthsOfAllTheirDays) {
     for (int month = 1; month <= 12; ++month) {
-        const YearOverviewModel::Month& each = model().months[month - 1];
+        const YearOverviewModel::Month each = model().months[month - 1];
         EXPECT_EQ(each.month, month);
         EXPECT_EQ(static_cast<int>(each.counts.size()), MonthDay::daysInCycleMonth[month - 1]);
     }
