@@ -245,7 +245,7 @@ TEST_F(EntryPagesTest, AMatchOutOfViewIsScrolledTo) {
     state.draft = manyLines(80) + QStringLiteral("\nneedle");
     show();
     view.scrollToTop();
-    const std::vector<diary::TextRange> ranges = {{0, 4}, {80 * 5, 6}};
+    const std::vector<diary::TextRange> ranges = {{0, 4}, {400, 6}};
     view.setHighlights(ranges, 1, EntryView::Scroll::None);
     EXPECT_EQ(oneYear().verticalScrollBar()->value(), 0);
     view.setHighlights(ranges, 1, EntryView::Scroll::ToMatch);
@@ -272,7 +272,7 @@ TEST_F(EntryPagesTest, TheWayToAMatchTakesTimeUnlessMotionIsReduced) {
     show();
     view.scrollToTop();
     QScrollBar* bar = oneYear().verticalScrollBar();
-    view.setHighlights({{70 * 5, 4}}, 0, EntryView::Scroll::ToMatch);
+    view.setHighlights({{350, 4}}, 0, EntryView::Scroll::ToMatch);
     const int started = bar->value();
     EXPECT_TRUE(QTest::qWaitFor([&] {
         const QPoint shown = editor().mapTo(&view, editor().matchRect(0).center());
@@ -287,7 +287,7 @@ TEST_F(EntryPagesTest, TypingEndsTheWayToAMatch) {
     show();
     view.scrollToTop();
     editor().moveCursor(QTextCursor::Start);
-    view.setHighlights({{70 * 5, 4}}, 0, EntryView::Scroll::ToMatch);
+    view.setHighlights({{350, 4}}, 0, EntryView::Scroll::ToMatch);
     EXPECT_TRUE(oneYear().isGliding());
     QTest::keyClicks(&editor(), QStringLiteral("x"));
     EXPECT_FALSE(oneYear().isGliding());
