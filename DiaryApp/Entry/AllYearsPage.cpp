@@ -33,10 +33,10 @@ void AllYearsPage::restyle() {
     layOutVisible();
 }
 
-void AllYearsPage::update(const EntryModel& model) {
-    const SummaryParts summary = summaryParts(model.allYears->summary);
-    m_head->setTexts({model.dayKey, summary.span, summary.counts, summary.hint, true});
-    showRows(model.allYears->rows);
+void AllYearsPage::update(const QString& dayKey, const AllYears& years) {
+    const SummaryParts summary = summaryParts(years.summary);
+    m_head->setTexts({dayKey, summary.span, summary.counts, summary.hint, true});
+    showRows(years.rows);
     orderTabs();
     place();
     layOutVisible();

@@ -25,8 +25,8 @@ public:
     // With the year of a card, or the newest of a line of missing years.
     std::function<void(int year)> onOpenYear;
 
-    // The model must have all years.
-    void update(const EntryModel& model);
+    // All years of the day that has this key.
+    void update(const QString& dayKey, const EntryModel::AllYears& years);
     void retranslate();
     void restyle();
 

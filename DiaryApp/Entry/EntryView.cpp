@@ -45,11 +45,14 @@ void EntryView::update(const Model& model) {
     const Scene scene = {kind, model.dayKey, model.block.mark};
     const QPixmap before = fadesTo(scene) ? m_shown->grab() : QPixmap();
     const bool isOtherDay = std::exchange(m_scene, scene).dayKey != scene.dayKey;
-    showPage(kind);
     // Kept in step while another page shows, so that it never holds another day's text.
     m_oneYear->update(model);
-    if (kind == Kind::AllYears) m_allYears->update(model);
-    if (kind == Kind::Source) m_source->update(*model.sourceText, model.fileName);
+    showPage(kind);
+    if (model.sourceText) {
+        m_source->update(*model.sourceText, model.fileName);
+    } else if (model.allYears) {
+        m_allYears->update(model.dayKey, *model.allYears);
+    }
     showMatches(model.matches);
     if (isOtherDay) m_fade->stop();
     if (!before.isNull()) m_fade->start(before);
@@ -94,8 +97,11 @@ void EntryView::showPage(Kind kind) {
 }
 
 void EntryView::moveFocus(Kind kind) {
-    if (kind == Kind::OneYear) return editor()->setFocus(Qt::OtherFocusReason);
-    QWidget* target = kind == Kind::Source ? static_cast<QWidget*>(m_source->text()) : m_allYears;
+    QWidget* target = m_allYears;
+    if (kind == Kind::Source) target = m_source->text();
+    // A hint may stand in the editor's place.
+    if (kind == Kind::OneYear) target = editor();
+    if (target->isHidden()) target = m_oneYear;
     target->setFocus(Qt::OtherFocusReason);
 }
 

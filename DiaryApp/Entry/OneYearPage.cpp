@@ -60,6 +60,8 @@ void OneYearPage::showBlock(const EntryModel::Block& block) {
         if (std::exchange(m_textColor, editor->textColor) != editor->textColor) restyle();
     } else {
         m_editor->load(QString());
+        // Otherwise Qt would hand the focus to whatever comes next in the window.
+        if (m_editor->hasFocus()) setFocus(Qt::OtherFocusReason);
         m_hint->setText(std::get<EntryModel::Empty>(block.kind).text);
     }
     m_editor->setVisible(editor != nullptr);

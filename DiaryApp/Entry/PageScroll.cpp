@@ -42,6 +42,10 @@ void PageScroll::scrollToTop() {
     verticalScrollBar()->setValue(0);
 }
 
+bool PageScroll::isGliding() const {
+    return m_glide.state() == QAbstractAnimation::Running;
+}
+
 void PageScroll::stopGliding() {
     m_glide.stop();
 }

@@ -18,6 +18,8 @@ public:
     // The colours, after a change of palette.
     void restyle();
     void scrollToTop();
+    // Whether it scrolls by itself at present.
+    [[nodiscard]] bool isGliding() const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -26,8 +28,8 @@ protected:
     // Scrolls until the rectangle of the page stands in the middle of the visible part, unless it
     // is in full view already. Takes 200 ms, or no time while motion is reduced.
     void glideTo(const QRect& rect);
+    // Whoever scrolls for another reason isn't to be pulled back.
     void stopGliding();
-    // Whoever follows the caret isn't to be pulled back by a glide.
     [[nodiscard]] QWidget* page() const { return widget(); }
 
 private:

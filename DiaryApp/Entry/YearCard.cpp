@@ -29,8 +29,7 @@ constexpr qsizetype kSpokenLength = 80;
 
 // The beginning of a text as it is read, ended at a blank if there is one.
 QString firstWords(const QString& body) {
-    const QString plain =
-        diary::MarkdownEditing::plainText(body.left(4 * kSpokenLength)).simplified();
+    QString plain = diary::MarkdownEditing::plainText(body.left(4 * kSpokenLength)).simplified();
     if (plain.size() <= kSpokenLength) return plain;
     const qsizetype blank = plain.lastIndexOf(u' ', kSpokenLength);
     return plain.first(blank > 0 ? blank : kSpokenLength) + u'…';
@@ -50,6 +49,7 @@ YearCard::YearCard(const CardStyle& style, QWidget* page) : QAbstractButton(page
     setAttribute(Qt::WA_Hover);
     m_hover.setStartValue(0.0);
     m_hover.setEndValue(1.0);
+    m_hover.setDuration(kHoverMilliseconds);
     m_hover.setEasingCurve(QEasingCurve::OutQuad);
     connect(&m_hover, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
 }
@@ -169,9 +169,7 @@ bool YearCard::event(QEvent* event) {
 
 void YearCard::fadeHover(bool isOver) {
     m_hover.setDirection(isOver ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    const int duration = motion::duration(kHoverMilliseconds);
-    m_hover.setDuration(kHoverMilliseconds);
-    if (duration > 0 && isVisible()) {
+    if (!motion::isReduced() && isVisible()) {
         if (m_hover.state() != QAbstractAnimation::Running) m_hover.start();
     } else {
         m_hover.stop();

@@ -14,7 +14,6 @@ static void PrintTo(const SummaryParts& parts, std::ostream* out) {
 namespace {
 
 using AllYears = EntryModel::AllYears;
-using testing::ElementsAre;
 
 class AllYearsModelTest : public testing::Test {
 protected:

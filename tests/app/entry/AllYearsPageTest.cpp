@@ -13,7 +13,6 @@ namespace velmar {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Key;
 
 class AllYearsPageTest : public EntryViewFixture {

@@ -57,10 +57,9 @@ protected:
     void write(int year, const QString& body) {
         bodies[year] = body;
         state.pastEntries.clear();
-        for (auto each = bodies.rbegin(); each != bodies.rend(); ++each) {
-            if (each->first != state.currentYear) {
-                state.pastEntries.push_back({each->first, each->second});
-            }
+        for (const auto& [each, text] : bodies) {
+            if (each == state.currentYear) continue;
+            state.pastEntries.insert(state.pastEntries.begin(), {each, text});
         }
     }
 
