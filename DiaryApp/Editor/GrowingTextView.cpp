@@ -51,6 +51,7 @@ GrowingTextView::GrowingTextView(QWidget* parent)
       m_style(fonts::serif(kDefaultSize), kDefaultSize, theme::color(Token::Ink)),
       m_layout(new RhythmLayout(document(), m_style)),
       m_highlighter(document(), m_style),
+      m_styling(*document(), m_highlighter, m_draft),
       m_blink(appearance::caretFlashTime()) {
     setAcceptRichText(false);
     setFrameShape(QFrame::NoFrame);
@@ -61,8 +62,7 @@ GrowingTextView::GrowingTextView(QWidget* parent)
     document()->setDefaultFont(m_style.body().font);
     document()->setDocumentLayout(m_layout);
     m_layout->setMarks(&m_marks);
-    // Both belong to the layout. The caret is painted here, in its own colour and height.
-    m_layout->setPaintDevice(viewport());
+    // The caret is painted here, in its own colour and height.
     setCursorWidth(0);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
@@ -74,9 +74,8 @@ void GrowingTextView::connectDocument() {
     const auto repaint = qOverload<>(&QWidget::update);
     connect(document(), &QTextDocument::contentsChange, this, &GrowingTextView::takeChange);
     connect(document(), &QTextDocument::contentsChanged, this, &GrowingTextView::announce);
-    connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, [this] {
-        if (onHeightChanged) onHeightChanged();
-    });
+    connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this,
+            &GrowingTextView::announceHeight);
     connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
         settleCaret();
         repaintCaret();
@@ -152,6 +151,8 @@ void GrowingTextView::takeChange(int position, int removed, int added) {
         m_highlighter.restyleAll(m_draft.text());
         viewport()->update();
     } else if (m_highlighter.restyle(m_draft.text(), position, added)) {
+        // Laid out together with the edit.
+        m_highlighter.settle(m_draft.text(), shownEnd());
         viewport()->update();
     }
 }
@@ -176,9 +177,30 @@ void GrowingTextView::takeText(int position, int removed, int added) {
 
 void GrowingTextView::announce() {
     if (m_isLoading) return;
+    settleShown();
     settleCaret();
     if (m_draft.text().size() < 2) viewport()->update();  // The placeholder comes or goes.
     if (std::exchange(m_hasChanged, false) && onTextChanged) onTextChanged(m_draft.text());
+}
+
+// Where the last paragraph begins that is on the screen.
+int GrowingTextView::shownEnd() const {
+    return m_layout->positionAt(viewport()->visibleRegion().boundingRect().bottom());
+}
+
+void GrowingTextView::settleShown() {
+    // Paragraphs that need fewer rows now bring up others from below.
+    while (m_styling.settleTo(shownEnd())) continue;
+    m_styling.start();
+}
+
+// The page takes another height at once, but not in the middle of a paint.
+void GrowingTextView::announceHeight() {
+    if (m_isPainting) {
+        QMetaObject::invokeMethod(this, &GrowingTextView::announceHeight, Qt::QueuedConnection);
+    } else if (onHeightChanged) {
+        onHeightChanged();
+    }
 }
 
 bool GrowingTextView::isComposing() const {
@@ -259,6 +281,7 @@ void GrowingTextView::setMatches(std::vector<TextRange> ranges, int current) {
 
 QRect GrowingTextView::matchRect(int index) const {
     const auto range = m_marks.range(index);
+    if (range) m_styling.settleTo(static_cast<int>(range->end()));
     return range ? m_layout->markRect(*range).toAlignedRect() : QRect();
 }
 
@@ -286,6 +309,7 @@ void GrowingTextView::redo() {
 
 // The caret never rests in a hidden marker, where typing would spoil it.
 void GrowingTextView::settleCaret() {
+    m_styling.settleTo(textCursor().position());
     if (m_isApplying || m_isLoading || m_isSettling || isComposing()) return;
     const QScopedValueRollback<bool> settling(m_isSettling, true);
     QTextCursor caret = textCursor();
@@ -330,6 +354,8 @@ QRect GrowingTextView::caretRect() const {
 }
 
 void GrowingTextView::paintEvent(QPaintEvent* event) {
+    const QScopedValueRollback<bool> isPainting(m_isPainting, true);
+    while (m_styling.settleTo(m_layout->positionAt(event->rect().bottom()))) continue;
     QTextEdit::paintEvent(event);
     QPainter painter(viewport());
     paintPlaceholder(painter);

@@ -162,6 +162,8 @@ void GrowingTextView::movePage(QTextCursor::MoveOperation direction, bool extend
 void GrowingTextView::inputMethodEvent(QInputMethodEvent* event) {
     m_blink.wake();
     // Chinese and Japanese input methods hand over their wide blank and marks as committed text.
+    // Nothing gets another look while something is composed.
+    if (!event->preeditString().isEmpty()) m_styling.settleAll();
     const bool isTyped = !isComposing() && event->preeditString().isEmpty() &&
                          event->replacementLength() == 0 && event->replacementStart() == 0;
     if (isTyped && typed(event->commitString())) return event->accept();

@@ -175,6 +175,11 @@ void RhythmPainter::drawFence(const QTextBlock& block) {
                          BlockStyle::of(block)->fenceAhead == BlockStyle::Fence::Closed;
     const bool isLast =
         !isFenced(block.next()) || BlockStyle::of(block)->fenceBehind == BlockStyle::Fence::Closed;
+    const QColor& color = theme::color(Token::HoverBg);
+    if (!isFirst && !isLast) {
+        const double left = RhythmLayout::markRoom + kFenceInset;
+        return m_painter.fillRect(rows.adjusted(left, 0, -kFenceInset, 0), color);
+    }
     const QRectF ground = rows.adjusted(RhythmLayout::markRoom + kFenceInset, isFirst ? 0 : -reach,
                                         -kFenceInset, isLast ? 0 : reach);
     m_painter.save();

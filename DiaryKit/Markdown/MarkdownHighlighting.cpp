@@ -299,6 +299,7 @@ private:
 }  // namespace
 
 Fence fenceBehind(QStringView paragraph, Fence ahead) {
+    if (!paragraph.contains(kFence)) return ahead;
     Ranges fenced;
     return walkFences(paragraph, ahead, fenced, [](TextRange) {});
 }
