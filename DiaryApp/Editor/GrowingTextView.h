@@ -34,7 +34,8 @@ public:
 
     // Shows another draft: the caret goes to its end and the undo history is cleared. No callback.
     void load(const QString& draft);
-    // Shows another state of the same text: the caret and the selection stay at their words.
+    // Shows another state of the same text: the caret, the selection and marks stay at their words,
+    // and the undo history is cleared. No callback.
     void reload(const QString& draft);
     // Whether an input method holds text here that isn't in the draft yet.
     [[nodiscard]] bool isComposing() const;
@@ -118,6 +119,7 @@ private:
     using Change = std::optional<diary::MarkdownChange>;
 
     void connectDocument();
+    void showDraft(const QString& draft);
     void takeChange(int position, int removed, int added);
     void takeText(int position, int removed, int added);
     void announce();
@@ -141,6 +143,8 @@ private:
     void breakUndoAtSentence(QStringView text);
     void movePage(QTextCursor::MoveOperation direction, bool extends);
 
+    [[nodiscard]] QString spokenState(int position) const;
+    void describeLine();
     [[nodiscard]] std::optional<int> taskAt(const QPoint& point) const;
     bool toggleTaskAt(const QMouseEvent& event);
     void repaintCaret();

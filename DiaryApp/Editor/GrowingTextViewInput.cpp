@@ -3,6 +3,7 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QTextBlock>
 #include <QtWidgets/QMenu>
 
 #include "DiaryApp/Editor/GrowingTextView.h"
@@ -185,8 +186,32 @@ bool GrowingTextView::toggleTaskAt(const QMouseEvent& event) {
     m_blink.wake();
     if (event.button() != Qt::LeftButton) return false;
     const auto task = taskAt(event.position().toPoint());
-    if (task && canFormat()) applyIfAny(editing::toggleTask(*task, draft(), selection()));
+    if (task && canFormat() && applyIfAny(editing::toggleTask(*task, draft(), selection()))) {
+        // The caret stays in its line, and two lines may be in one state.
+        setAccessibleDescription(QString());
+        setAccessibleDescription(spokenState(*task));
+    }
     return task.has_value();
+}
+
+// What the box of a to-do shows, in words; empty for other lines.
+QString GrowingTextView::spokenState(int position) const {
+    const QTextBlock block = document()->findBlock(position);
+    const BlockStyle* style = BlockStyle::of(block);
+    if (style == nullptr) return {};
+    const auto line = diary::markdownLineRange(block.text(), position - block.position());
+    for (const diary::MarkdownDecoration& each : style->styling.decorations) {
+        if (each.kind != diary::MarkdownLinePrefix::Kind::task || each.at != line.location)
+            continue;
+        return each.value != 0 ? qtTrId("AccessibleTaskDone") : qtTrId("AccessibleTaskOpen");
+    }
+    return {};
+}
+
+// Screen readers read a description that changes while its field has the focus; they have nothing
+// else for a box that stands in the text.
+void GrowingTextView::describeLine() {
+    setAccessibleDescription(spokenState(textCursor().position()));
 }
 
 void GrowingTextView::mousePressEvent(QMouseEvent* event) {

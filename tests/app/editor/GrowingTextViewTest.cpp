@@ -42,6 +42,18 @@ TEST_F(GrowingTextViewTest, AnotherStateOfTheTextLeavesTheCaretAtItsWord) {
     EXPECT_TRUE(drafts.isEmpty());
 }
 
+TEST_F(GrowingTextViewTest, UndoNeverTakesBackWhatAnotherMachineWrote) {
+    load(QStringLiteral("one|\ntwo"));
+    keys(" more");
+    editor.reload(QStringLiteral("one more\ntwo\nfrom elsewhere"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor.draft(), QStringLiteral("one more\ntwo\nfrom elsewhere"));
+    keys("!");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown(), QStringLiteral("one more|\ntwo\nfrom elsewhere"));
+}
+
 TEST_F(GrowingTextViewTest, KeepsEveryCharacterThatWasNotTyped) {
     editor.load(hostile());
     EXPECT_EQ(editor.draft(), hostile());
