@@ -199,10 +199,10 @@ QString GrowingTextView::spokenState(int position) const {
     const QTextBlock block = document()->findBlock(position);
     const BlockStyle* style = BlockStyle::of(block);
     if (style == nullptr) return {};
-    const auto line = diary::markdownLineRange(block.text(), position - block.position());
+    const int at = position - block.position();
     for (const diary::MarkdownDecoration& each : style->styling.decorations) {
-        if (each.kind != diary::MarkdownLinePrefix::Kind::task || each.at != line.location)
-            continue;
+        if (each.kind != diary::MarkdownLinePrefix::Kind::task) continue;
+        if (at < each.at || at > each.at + each.length) continue;
         return each.value != 0 ? qtTrId("AccessibleTaskDone") : qtTrId("AccessibleTaskOpen");
     }
     return {};
@@ -230,7 +230,9 @@ void GrowingTextView::mouseMoveEvent(QMouseEvent* event) {
         viewport()->setCursor(taskAt(point) ? Qt::ArrowCursor : Qt::IBeamCursor);
     }
     QTextEdit::mouseMoveEvent(event);
-    const bool isOutside = isDragging && !viewport()->visibleRegion().contains(point);
+    // The page may have scrolled, and the text with it.
+    const QPoint now = viewport()->mapFromGlobal(event->globalPosition().toPoint());
+    const bool isOutside = isDragging && !viewport()->visibleRegion().contains(now);
     isOutside ? m_dragTimer.start(kDragStep, this) : m_dragTimer.stop();
 }
 
