@@ -322,6 +322,16 @@
         <extracomment>Name of the text field, read aloud; %1 is a day and year, 11-21 2026.</extracomment>
         <translation>Diary text of %1</translation>
     </message>
+    <message id="AccessibleTaskDone">
+        <source></source>
+        <extracomment>Read aloud when the caret comes to a to-do that is checked, or when it is checked.</extracomment>
+        <translation>To-do, done</translation>
+    </message>
+    <message id="AccessibleTaskOpen">
+        <source></source>
+        <extracomment>Read aloud when the caret comes to a to-do that isn't checked, or when it is unchecked.</extracomment>
+        <translation>To-do, not done</translation>
+    </message>
     <message id="AccessiblePage">
         <source></source>
         <extracomment>Name of the page, read aloud.</extracomment>

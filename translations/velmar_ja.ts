@@ -317,6 +317,16 @@
         <extracomment>Name of the text field, read aloud; %1 is a day and year, 11-21 2026.</extracomment>
         <translation>%1 の日記の本文</translation>
     </message>
+    <message id="AccessibleTaskDone">
+        <source></source>
+        <extracomment>Read aloud when the caret comes to a to-do that is checked, or when it is checked.</extracomment>
+        <translation>チェック項目、完了</translation>
+    </message>
+    <message id="AccessibleTaskOpen">
+        <source></source>
+        <extracomment>Read aloud when the caret comes to a to-do that isn't checked, or when it is unchecked.</extracomment>
+        <translation>チェック項目、未完了</translation>
+    </message>
     <message id="AccessiblePage">
         <source></source>
         <extracomment>Name of the page, read aloud.</extracomment>

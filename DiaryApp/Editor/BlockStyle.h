@@ -15,6 +15,8 @@ struct BlockStyle : QTextBlockUserData {
     diary::MarkdownStyling styling;
     Fence fenceAhead = Fence::Closed;
     Fence fenceBehind = Fence::Closed;
+    // The fence that the styling was computed with.
+    Fence fenceOfLook = Fence::Closed;
     // Whether the whole paragraph belongs to a fenced block.
     bool isFenced = false;
     // The paragraph's length when it was styled.
@@ -25,6 +27,8 @@ struct BlockStyle : QTextBlockUserData {
         return static_cast<BlockStyle*>(block.userData());
     }
 
+    // Whether a fence has opened or closed ahead of the paragraph since it was styled.
+    [[nodiscard]] bool hasOldLook() const { return fenceOfLook != fenceAhead; }
     // The left edge of a line that begins at this character of the paragraph.
     [[nodiscard]] int indentAt(int offset) const;
     // The font of the character.

@@ -27,9 +27,8 @@ constexpr int kLeastHeight = 76;
 constexpr int kRoomBelow = 4;
 constexpr int kCaretWidth = 2;
 
-// Where a position of the old text stands in the new one: what both begin and end with keeps its
-// place, and what lies in the changed part goes to the nearest place that is there.
-int movedPosition(QStringView before, QStringView after, int position) {
+// What lies between all that both texts begin with and all that they end with.
+DraftText::Edit editBetween(QStringView before, QStringView after) {
     const qsizetype shorter = std::min(before.size(), after.size());
     qsizetype prefix = 0;
     while (prefix < shorter && before[prefix] == after[prefix]) ++prefix;
@@ -38,10 +37,16 @@ int movedPosition(QStringView before, QStringView after, int position) {
            before[before.size() - 1 - suffix] == after[after.size() - 1 - suffix]) {
         ++suffix;
     }
-    if (position <= prefix) return position;
-    const auto growth = static_cast<int>(after.size() - before.size());
-    if (position >= before.size() - suffix) return position + growth;
-    return static_cast<int>(std::min<qsizetype>(position, after.size() - suffix));
+    return {prefix, before.size() - prefix - suffix, after.size() - prefix - suffix};
+}
+
+// Where a position of the old text stands in the new one: what lies in the changed part goes to the
+// nearest place that is there.
+qsizetype moved(qsizetype position, const DraftText::Edit& edit) {
+    if (position <= edit.at) return position;
+    const qsizetype end = edit.at + edit.removed;
+    if (position >= end) return position + edit.added - edit.removed;
+    return std::min(position, edit.at + edit.added);
 }
 
 }  // namespace
@@ -51,6 +56,7 @@ GrowingTextView::GrowingTextView(QWidget* parent)
       m_style(fonts::serif(kDefaultSize), kDefaultSize, theme::color(Token::Ink)),
       m_layout(new RhythmLayout(document(), m_style)),
       m_highlighter(document(), m_style),
+      m_styling(*document(), m_highlighter, m_draft),
       m_blink(appearance::caretFlashTime()) {
     setAcceptRichText(false);
     setFrameShape(QFrame::NoFrame);
@@ -61,8 +67,7 @@ GrowingTextView::GrowingTextView(QWidget* parent)
     document()->setDefaultFont(m_style.body().font);
     document()->setDocumentLayout(m_layout);
     m_layout->setMarks(&m_marks);
-    // Both belong to the layout. The caret is painted here, in its own colour and height.
-    m_layout->setPaintDevice(viewport());
+    // The caret is painted here, in its own colour and height.
     setCursorWidth(0);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
@@ -74,12 +79,12 @@ void GrowingTextView::connectDocument() {
     const auto repaint = qOverload<>(&QWidget::update);
     connect(document(), &QTextDocument::contentsChange, this, &GrowingTextView::takeChange);
     connect(document(), &QTextDocument::contentsChanged, this, &GrowingTextView::announce);
-    connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, [this] {
-        if (onHeightChanged) onHeightChanged();
-    });
+    connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this,
+            &GrowingTextView::announceHeight);
     connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
         settleCaret();
         repaintCaret();
+        describeLine();
         if (onCaretMoved && !m_isLoading && !m_isApplying) onCaretMoved();
     });
     connect(this, &QTextEdit::selectionChanged, this, &GrowingTextView::settleCaret);
@@ -90,26 +95,35 @@ void GrowingTextView::connectDocument() {
 }
 
 void GrowingTextView::load(const QString& draft) {
+    m_marks.set({}, -1, false);
+    showDraft(draft);
+}
+
+void GrowingTextView::showDraft(const QString& draft) {
     const QScopedValueRollback<bool> loading(m_isLoading, true);
     dropComposition();
     setPlainText(m_draft.load(draft));
     moveCursor(QTextCursor::End);
     m_lastSelection = selection();
-    m_marks.set({}, -1, false);
     m_hasChanged = false;
     m_isStale = false;
     viewport()->update();
 }
 
+// The undo history ends here on purpose. Another machine's change would have to lie beneath the
+// user's own steps, and a document can only take it in as one more step on top of them. Then the
+// first undo, which is meant for the user's last words, would take back the other machine's, and
+// the next save would take them out of the file as well.
 void GrowingTextView::reload(const QString& draft) {
-    const QString before = m_draft.text();
-    if (before.isEmpty()) return load(draft);
-    const int anchor = movedPosition(before, draft, textCursor().anchor());
-    const int position = movedPosition(before, draft, textCursor().position());
-    load(draft);
+    if (m_draft.text().isEmpty()) return load(draft);
+    const DraftText::Edit edit = editBetween(m_draft.text(), draft);
+    const qsizetype anchor = moved(textCursor().anchor(), edit);
+    const qsizetype position = moved(textCursor().position(), edit);
+    m_marks.edit(edit);
+    showDraft(draft);
     QTextCursor caret = textCursor();
-    caret.setPosition(anchor);
-    caret.setPosition(position, QTextCursor::KeepAnchor);
+    caret.setPosition(static_cast<int>(anchor));
+    caret.setPosition(static_cast<int>(position), QTextCursor::KeepAnchor);
     setTextCursor(caret);
 }
 
@@ -152,6 +166,8 @@ void GrowingTextView::takeChange(int position, int removed, int added) {
         m_highlighter.restyleAll(m_draft.text());
         viewport()->update();
     } else if (m_highlighter.restyle(m_draft.text(), position, added)) {
+        // Laid out together with the edit.
+        m_highlighter.settle(m_draft.text(), shownEnd());
         viewport()->update();
     }
 }
@@ -176,9 +192,31 @@ void GrowingTextView::takeText(int position, int removed, int added) {
 
 void GrowingTextView::announce() {
     if (m_isLoading) return;
+    settleShown();
     settleCaret();
+    describeLine();
     if (m_draft.text().size() < 2) viewport()->update();  // The placeholder comes or goes.
     if (std::exchange(m_hasChanged, false) && onTextChanged) onTextChanged(m_draft.text());
+}
+
+// Where the last paragraph begins that is on the screen.
+int GrowingTextView::shownEnd() const {
+    return m_layout->positionAt(viewport()->visibleRegion().boundingRect().bottom());
+}
+
+void GrowingTextView::settleShown() {
+    // Paragraphs that need fewer rows now bring up others from below.
+    while (m_styling.settleTo(shownEnd())) continue;
+    m_styling.start();
+}
+
+// The page takes another height at once, but not in the middle of a paint.
+void GrowingTextView::announceHeight() {
+    if (m_isPainting) {
+        QMetaObject::invokeMethod(this, &GrowingTextView::announceHeight, Qt::QueuedConnection);
+    } else if (onHeightChanged) {
+        onHeightChanged();
+    }
 }
 
 bool GrowingTextView::isComposing() const {
@@ -259,6 +297,7 @@ void GrowingTextView::setMatches(std::vector<TextRange> ranges, int current) {
 
 QRect GrowingTextView::matchRect(int index) const {
     const auto range = m_marks.range(index);
+    if (range) m_styling.settleTo(static_cast<int>(range->end()));
     return range ? m_layout->markRect(*range).toAlignedRect() : QRect();
 }
 
@@ -286,6 +325,7 @@ void GrowingTextView::redo() {
 
 // The caret never rests in a hidden marker, where typing would spoil it.
 void GrowingTextView::settleCaret() {
+    m_styling.settleTo(textCursor().position());
     if (m_isApplying || m_isLoading || m_isSettling || isComposing()) return;
     const QScopedValueRollback<bool> settling(m_isSettling, true);
     QTextCursor caret = textCursor();
@@ -330,6 +370,8 @@ QRect GrowingTextView::caretRect() const {
 }
 
 void GrowingTextView::paintEvent(QPaintEvent* event) {
+    const QScopedValueRollback<bool> isPainting(m_isPainting, true);
+    while (m_styling.settleTo(m_layout->positionAt(event->rect().bottom()))) continue;
     QTextEdit::paintEvent(event);
     QPainter painter(viewport());
     paintPlaceholder(painter);

@@ -11,6 +11,7 @@
 #include "DiaryApp/Editor/CaretBlink.h"
 #include "DiaryApp/Editor/DraftText.h"
 #include "DiaryApp/Editor/FormatCommand.h"
+#include "DiaryApp/Editor/IdleStyling.h"
 #include "DiaryApp/Editor/MarkdownHighlighter.h"
 #include "DiaryApp/Editor/MatchMarks.h"
 #include "DiaryApp/Editor/RhythmLayout.h"
@@ -33,7 +34,8 @@ public:
 
     // Shows another draft: the caret goes to its end and the undo history is cleared. No callback.
     void load(const QString& draft);
-    // Shows another state of the same text: the caret and the selection stay at their words.
+    // Shows another state of the same text: the caret, the selection and marks stay at their words,
+    // and the undo history is cleared. No callback.
     void reload(const QString& draft);
     // Whether an input method holds text here that isn't in the draft yet.
     [[nodiscard]] bool isComposing() const;
@@ -53,6 +55,9 @@ public:
     [[nodiscard]] int lineHeight() const { return m_style.lineHeight(); }
     // Where the caret is, in the field's coordinates; as tall as its font.
     [[nodiscard]] QRect caretRect() const;
+    // After a fence has opened or closed ahead of a long text, the paragraphs that aren't shown get
+    // their look when the program is idle, or now.
+    void settleLook() { m_styling.settleAll(); }
     // How far Page Up and Page Down go: the height of the page's visible part.
     void setPageHeight(int height) { m_pageHeight = height; }
 
@@ -114,9 +119,13 @@ private:
     using Change = std::optional<diary::MarkdownChange>;
 
     void connectDocument();
+    void showDraft(const QString& draft);
     void takeChange(int position, int removed, int added);
     void takeText(int position, int removed, int added);
     void announce();
+    void announceHeight();
+    void settleShown();
+    [[nodiscard]] int shownEnd() const;
 
     bool applyIfAny(const Change& change);
     [[nodiscard]] diary::TextRange clamped(diary::TextRange range) const;
@@ -134,6 +143,8 @@ private:
     void breakUndoAtSentence(QStringView text);
     void movePage(QTextCursor::MoveOperation direction, bool extends);
 
+    [[nodiscard]] QString spokenState(int position) const;
+    void describeLine();
     [[nodiscard]] std::optional<int> taskAt(const QPoint& point) const;
     bool toggleTaskAt(const QMouseEvent& event);
     void repaintCaret();
@@ -144,6 +155,8 @@ private:
     RhythmStyle m_style;
     RhythmLayout* m_layout;
     MarkdownHighlighter m_highlighter;
+    // Looking at a place brings it up to date.
+    mutable IdleStyling m_styling;
     CaretBlink m_blink;
     MatchMarks m_marks;
     // Repeats the last move of a drag while the mouse is held outside of the visible page.
@@ -158,6 +171,7 @@ private:
     bool m_isApplying = false;
     bool m_isLoading = false;
     bool m_isSettling = false;
+    bool m_isPainting = false;
     bool m_hasChanged = false;
     // Set while something is composed: the first edit behind it restyles everything.
     bool m_isStale = false;

@@ -3,6 +3,7 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QTextBlock>
 #include <QtWidgets/QMenu>
 
 #include "DiaryApp/Editor/GrowingTextView.h"
@@ -162,6 +163,8 @@ void GrowingTextView::movePage(QTextCursor::MoveOperation direction, bool extend
 void GrowingTextView::inputMethodEvent(QInputMethodEvent* event) {
     m_blink.wake();
     // Chinese and Japanese input methods hand over their wide blank and marks as committed text.
+    // Nothing gets another look while something is composed.
+    if (!event->preeditString().isEmpty()) m_styling.settleAll();
     const bool isTyped = !isComposing() && event->preeditString().isEmpty() &&
                          event->replacementLength() == 0 && event->replacementStart() == 0;
     if (isTyped && typed(event->commitString())) return event->accept();
@@ -183,8 +186,32 @@ bool GrowingTextView::toggleTaskAt(const QMouseEvent& event) {
     m_blink.wake();
     if (event.button() != Qt::LeftButton) return false;
     const auto task = taskAt(event.position().toPoint());
-    if (task && canFormat()) applyIfAny(editing::toggleTask(*task, draft(), selection()));
+    if (task && canFormat() && applyIfAny(editing::toggleTask(*task, draft(), selection()))) {
+        // The caret stays in its line, and two lines may be in one state.
+        setAccessibleDescription(QString());
+        setAccessibleDescription(spokenState(*task));
+    }
     return task.has_value();
+}
+
+// What the box of a to-do shows, in words; empty for other lines.
+QString GrowingTextView::spokenState(int position) const {
+    const QTextBlock block = document()->findBlock(position);
+    const BlockStyle* style = BlockStyle::of(block);
+    if (style == nullptr) return {};
+    const int at = position - block.position();
+    for (const diary::MarkdownDecoration& each : style->styling.decorations) {
+        if (each.kind != diary::MarkdownLinePrefix::Kind::task) continue;
+        if (at < each.at || at > each.at + each.length) continue;
+        return each.value != 0 ? qtTrId("AccessibleTaskDone") : qtTrId("AccessibleTaskOpen");
+    }
+    return {};
+}
+
+// Screen readers read a description that changes while its field has the focus; they have nothing
+// else for a box that stands in the text.
+void GrowingTextView::describeLine() {
+    setAccessibleDescription(spokenState(textCursor().position()));
 }
 
 void GrowingTextView::mousePressEvent(QMouseEvent* event) {
@@ -203,7 +230,9 @@ void GrowingTextView::mouseMoveEvent(QMouseEvent* event) {
         viewport()->setCursor(taskAt(point) ? Qt::ArrowCursor : Qt::IBeamCursor);
     }
     QTextEdit::mouseMoveEvent(event);
-    const bool isOutside = isDragging && !viewport()->visibleRegion().contains(point);
+    // The page may have scrolled, and the text with it.
+    const QPoint now = viewport()->mapFromGlobal(event->globalPosition().toPoint());
+    const bool isOutside = isDragging && !viewport()->visibleRegion().contains(now);
     isOutside ? m_dragTimer.start(kDragStep, this) : m_dragTimer.stop();
 }
 

@@ -41,6 +41,10 @@ struct Shift {
     }
 };
 
+QStringView textOf(const QTextBlock& block, QStringView draft) {
+    return draft.sliced(block.position(), block.length() - 1);
+}
+
 // The committed part of a composition stands right ahead of the part that is still composed.
 Shift shiftOf(const QTextBlock& block, const BlockStyle& style) {
     const QTextLayout* layout = block.layout();
@@ -79,10 +83,8 @@ MarkdownHighlighter::Formats MarkdownHighlighter::formats(const MarkdownStyling&
     return formats;
 }
 
-bool MarkdownHighlighter::style(const QTextBlock& block, QStringView draft, Fence& fence) {
-    const Fence ahead = fence;
-    const int length = block.length() - 1;
-    const QStringView text = draft.sliced(block.position(), length);
+bool MarkdownHighlighter::follow(const QTextBlock& block, QStringView draft, Fence& fence) {
+    const QStringView text = textOf(block, draft);
     BlockStyle* style = BlockStyle::of(block);
     if (style == nullptr) {
         style = new BlockStyle;
@@ -92,19 +94,27 @@ bool MarkdownHighlighter::style(const QTextBlock& block, QStringView draft, Fenc
         return std::tuple(style->isFenced, style->fenceAhead, style->fenceBehind);
     };
     const auto before = part();
-    style->styling = highlighting::paragraph(text, ahead, m_style->metrics());
-    style->fenceAhead = ahead;
-    style->fenceBehind = highlighting::fenceBehind(text, ahead);
-    style->isFenced = ahead == Fence::Open || text.startsWith(kFence);
-    style->length = length;
-    // The layout is what counts: an input method may have put formats of its own there.
-    const Formats wanted = formats(style->styling);
-    if (block.layout()->formats() != wanted) block.layout()->setFormats(wanted);
+    style->fenceAhead = fence;
+    style->fenceBehind = highlighting::fenceBehind(text, fence);
+    style->isFenced = fence == Fence::Open || text.startsWith(kFence);
     fence = style->fenceBehind;
     return part() != before;
 }
 
+void MarkdownHighlighter::style(const QTextBlock& block, QStringView draft) {
+    const QStringView text = textOf(block, draft);
+    BlockStyle* style = BlockStyle::of(block);
+    style->styling = highlighting::paragraph(text, style->fenceAhead, m_style->metrics());
+    style->fenceOfLook = style->fenceAhead;
+    style->length = static_cast<int>(text.size());
+    // The layout is what counts: an input method may have put formats of its own there.
+    const Formats wanted = formats(style->styling);
+    if (block.layout()->formats() != wanted) block.layout()->setFormats(wanted);
+}
+
 bool MarkdownHighlighter::restyle(QStringView draft, int position, int added) {
+    // What was unsettled may have come nearer to the text's start.
+    if (!isSettled()) m_unsettled = qMin(m_unsettled, position);
     QTextBlock block = m_document->findBlock(position);
     const BlockStyle* before = BlockStyle::of(block.previous());
     Fence fence = before != nullptr ? before->fenceBehind : Fence::Closed;
@@ -114,7 +124,12 @@ bool MarkdownHighlighter::restyle(QStringView draft, int position, int added) {
         const BlockStyle* known = BlockStyle::of(block);
         const bool isBehind = block.position() > end;
         if (isBehind && known != nullptr && known->fenceAhead == fence) break;
-        hasChanged = style(block, draft, fence) || hasChanged;
+        hasChanged = follow(block, draft, fence) || hasChanged;
+        if (!isBehind || known == nullptr) {
+            style(block, draft);
+        } else if (isSettled()) {
+            m_unsettled = block.position();
+        }
     }
     return hasChanged;
 }
@@ -122,8 +137,26 @@ bool MarkdownHighlighter::restyle(QStringView draft, int position, int added) {
 void MarkdownHighlighter::restyleAll(QStringView draft) {
     Fence fence = Fence::Closed;
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
-        style(block, draft, fence);
+        follow(block, draft, fence);
+        style(block, draft);
     }
+    m_unsettled = -1;
+}
+
+TextRange MarkdownHighlighter::settle(QStringView draft, int position, int atMost) {
+    if (isSettled()) return {};
+    TextRange changed;
+    int left = atMost;
+    QTextBlock block = m_document->findBlock(m_unsettled);
+    for (; block.isValid() && block.position() <= position && left > 0; block = block.next()) {
+        if (!BlockStyle::of(block)->hasOldLook()) continue;
+        style(block, draft);
+        if (changed.length == 0) changed.location = block.position();
+        changed.length = block.position() + block.length() - 1 - changed.location;
+        left -= block.length();
+    }
+    m_unsettled = block.isValid() ? block.position() : -1;
+    return changed;
 }
 
 MarkdownHighlighter::Formats MarkdownHighlighter::formatsAround(const QTextBlock& composed,

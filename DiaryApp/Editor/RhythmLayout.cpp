@@ -38,6 +38,10 @@ int RhythmLayout::rowAt(double y) const {
     return qBound(0, row, document()->lineCount() - 1);
 }
 
+int RhythmLayout::positionAt(double y) const {
+    return document()->findBlockByLineNumber(rowAt(y)).position();
+}
+
 QSizeF RhythmLayout::documentSize() const {
     return {qMax(0.0, width()), double(document()->lineCount()) * lineHeight()};
 }
@@ -70,18 +74,19 @@ void RhythmLayout::documentChanged(int from, int /*removed*/, int added) {
     if (std::exchange(m_announced, documentSize()) != documentSize()) {
         Q_EMIT documentSizeChanged(documentSize());
     }
-    // Letters may reach a little over their row.
-    const bool movesOthers = hasMoved || isShifted;
     const QTextBlock last = block.isValid() ? block.previous() : document()->lastBlock();
-    const QRectF changed = blockBoundingRect(first) | blockBoundingRect(last);
+    QRectF changed = blockBoundingRect(first) | blockBoundingRect(last);
+    if (hasMoved || isShifted) changed.setBottom(1e9);
+    // Letters may reach a little over their row.
     const double reach = lineHeight() / 2.0;
-    Q_EMIT update(movesOthers ? QRectF(0, 0, 1e9, 1e9) : changed.adjusted(0, -reach, 0, reach));
+    Q_EMIT update(changed.adjusted(0, -reach, 0, reach));
 }
 
 // Who asks a layout for a character's place, as screen readers do, reads its position.
 void RhythmLayout::moveBlocks(QTextBlock from) const {
-    for (; from.isValid(); from = from.next()) {
-        from.layout()->setPosition(QPointF(0, top(from)));
+    int row = from.isValid() ? from.firstLineNumber() : 0;
+    for (; from.isValid(); row += from.lineCount(), from = from.next()) {
+        from.layout()->setPosition(QPointF(0, row * lineHeight()));
     }
 }
 
@@ -106,6 +111,7 @@ void RhythmLayout::layOutLines(const QTextBlock& block, bool breaksFirstAnywhere
     QTextLayout* layout = block.layout();
     const QTextOption usual = optionFor(block, QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout->setTextOption(usual);
+    layout->setCacheEnabled(true);
     layout->beginLayout();
     int number = 0;
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] int lineHeight() const { return m_style->lineHeight(); }
     // The top of the block's first row.
     [[nodiscard]] int top(const QTextBlock& block) const;
+    // The start of the block that has a row at this height.
+    [[nodiscard]] int positionAt(double y) const;
     // The boxes of the tasks whose rows touch the rectangle.
     [[nodiscard]] std::vector<TaskBox> taskBoxes(const QRectF& within) const;
     // What a mark of this range covers, in document coordinates, with all its rows. Where nothing

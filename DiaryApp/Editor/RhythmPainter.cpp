@@ -8,7 +8,6 @@
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Theme.h"
 #include "DiaryApp/Editor/RhythmLayout.h"
-#include "DiaryKit/Markdown/MarkdownLine.h"
 
 namespace velmar {
 
@@ -48,11 +47,6 @@ void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QCo
     painter.setBrush(color);
     painter.drawRoundedRect(rect, radius, radius);
     painter.restore();
-}
-
-// The end of the Markdown line that begins at the offset; it may end within the paragraph.
-int lineEnd(const QTextBlock& block, qsizetype offset) {
-    return static_cast<int>(diary::markdownLineRange(block.text(), offset).end());
 }
 
 // Where the last character of a stretch ends. Behind the first letter of a ligature that is within
@@ -175,6 +169,11 @@ void RhythmPainter::drawFence(const QTextBlock& block) {
                          BlockStyle::of(block)->fenceAhead == BlockStyle::Fence::Closed;
     const bool isLast =
         !isFenced(block.next()) || BlockStyle::of(block)->fenceBehind == BlockStyle::Fence::Closed;
+    const QColor& color = theme::color(Token::HoverBg);
+    if (!isFirst && !isLast) {
+        const double left = RhythmLayout::markRoom + kFenceInset;
+        return m_painter.fillRect(rows.adjusted(left, 0, -kFenceInset, 0), color);
+    }
     const QRectF ground = rows.adjusted(RhythmLayout::markRoom + kFenceInset, isFirst ? 0 : -reach,
                                         -kFenceInset, isLast ? 0 : reach);
     m_painter.save();
@@ -351,7 +350,9 @@ void RhythmPainter::drawBox(const QRect& box, bool isChecked) {
 
 void RhythmPainter::drawQuote(const QTextBlock& block, const MarkdownDecoration& quote) {
     const QRectF first = rowOf(block, static_cast<int>(quote.at), m_layout);
-    const QRectF last = rowOf(block, lineEnd(block, quote.at), m_layout);
+    // A line may end within its paragraph, where the next row begins.
+    const qsizetype end = quote.at + qMax<qsizetype>(0, quote.length - 1);
+    const QRectF last = rowOf(block, static_cast<int>(end), m_layout);
     const double height = qMax(0.0, last.bottom() - first.top() - 2 * kBarInset);
     fillRounded(m_painter, {kTextEdge, first.top() + kBarInset, kBarWidth, height}, kBarWidth / 2,
                 theme::color(Token::QuoteBar));

@@ -1,6 +1,8 @@
 #include "DiaryApp/Editor/RhythmStyle.h"
 
+#include <QtGui/QFontDatabase>
 #include <QtGui/QFontMetricsF>
+#include <algorithm>
 #include <cmath>
 
 #include "DiaryApp/Appearance/Fonts.h"
@@ -31,6 +33,12 @@ QFont heading(QFont body, double size) {
     return body;
 }
 
+QFont code(double size) {
+    QFont font = fonts::mono(size);
+    font.setFamilies(codeFamilies(&QFontDatabase::hasFamily));
+    return font;
+}
+
 bool isHeading(MarkdownFont font) {
     return font >= MarkdownFont::heading1;
 }
@@ -41,6 +49,16 @@ FontFace::FontFace(const QFont& made) : font(made) {
     const QFontMetricsF metrics(font);
     ascent = qRound(metrics.ascent());
     descent = qRound(metrics.descent());
+}
+
+QStringList codeFamilies(const std::function<bool(const QString&)>& isThere) {
+    QStringList families = fonts::mono(kMarkSize).families();
+    const QStringList preferred = {QStringLiteral("Menlo"), families.front()};
+    const auto found = std::find_if(preferred.begin(), preferred.end(), isThere);
+    families.front() = found != preferred.end()
+                           ? *found
+                           : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    return families;
 }
 
 int rhythmBaseline(int lineHeight, int ascent, int descent) {
@@ -56,7 +74,7 @@ RhythmStyle::RhythmStyle(const QFont& body, double fontSize, const QColor& textC
       m_mark(fonts::mono(kMarkSize)),
       m_pill(fonts::sans(kPillSize, QFont::Medium)) {
     m_faces[0] = FontFace(body);
-    m_faces[1] = FontFace(fonts::mono(fontSize + kCodeStep));
+    m_faces[1] = FontFace(code(fontSize + kCodeStep));
     for (std::size_t level = 0; level < kHeadingSteps.size(); ++level) {
         m_faces[level + 2] = FontFace(heading(body, fontSize + kHeadingSteps[level]));
     }

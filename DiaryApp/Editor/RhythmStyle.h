@@ -6,6 +6,7 @@
 #include <QtGui/QFont>
 #include <QtGui/QTextFormat>
 #include <array>
+#include <functional>
 
 #include "DiaryKit/Markdown/MarkdownHighlighting.h"
 
@@ -24,6 +25,10 @@ struct FontFace {
 // Where the baseline stands below the top of a line of this height: glyphs are centred if there is
 // more than one pixel to spare, else they stand on the line's bottom. (34, 18, 6) -> 23
 [[nodiscard]] int rhythmBaseline(int lineHeight, int ascent, int descent);
+
+// The families of code: the first that is there of Menlo, IBM Plex Mono and the system's monospaced
+// one, and behind it those that stand in for missing letters.
+[[nodiscard]] QStringList codeFamilies(const std::function<bool(const QString&)>& isThere);
 
 class RhythmStyle {
 public:

@@ -18,6 +18,7 @@ constexpr double kHeadTop = 26;
 constexpr double kHeadHeight = 60 + 10 + 26;
 constexpr double kYearRowGap = 20;
 constexpr double kYearRowHeight = 20;
+// One less than below photos, as drawn.
 constexpr double kEditorGap = 11;
 constexpr double kHintGap = 22;
 constexpr double kHintPaddingX = 30;

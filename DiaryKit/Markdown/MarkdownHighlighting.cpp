@@ -178,7 +178,8 @@ private:
         }
         const qsizetype hidden = prefix.kind == Kind::rule ? line.length : prefix.length;
         m_canvas.paint({line.location, hidden}, [](Attributes& unit) { unit.isHidden = true; });
-        m_decorations.push_back({line.location, prefix.kind, prefix.value, prefix.level(), year});
+        m_decorations.push_back(
+            {line.location, prefix.kind, prefix.value, prefix.level(), year, line.length});
     }
 
     std::optional<int> heading(TextRange line, QStringView text, int level) {
@@ -299,6 +300,7 @@ private:
 }  // namespace
 
 Fence fenceBehind(QStringView paragraph, Fence ahead) {
+    if (!paragraph.contains(kFence)) return ahead;
     Ranges fenced;
     return walkFences(paragraph, ahead, fenced, [](TextRange) {});
 }

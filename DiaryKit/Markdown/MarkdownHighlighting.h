@@ -93,6 +93,8 @@ struct MarkdownDecoration {
     qsizetype level = 0;
     // The year of a heading that reads as the header of a year's section.
     std::optional<int> year;
+    // The length of the line, with what ends it unless that is an LF or a CR.
+    qsizetype length = 0;
 
     bool operator==(const MarkdownDecoration&) const = default;
 };

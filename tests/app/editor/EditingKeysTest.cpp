@@ -394,5 +394,35 @@ TEST_F(EditingKeysTest, AssistiveTechnologyReadsTextCaretAndPlaces) {
     EXPECT_EQ(editor.textCursor().position(), 6);
 }
 
+// Each change of a description is an event of its own, which Qt sends for its widgets.
+TEST_F(EditingKeysTest, AssistiveTechnologyReadsTheStateOfAToDo) {
+    const auto spoken = [this] {
+        return QAccessible::queryAccessibleInterface(&editor)->text(QAccessible::Description);
+    };
+    const QString done = QStringLiteral("To-do, done");
+    const QString open = QStringLiteral("To-do, not done");
+    load(QStringLiteral("- [ ] one\n- [x] two\nplain|"));
+    EXPECT_EQ(spoken(), QString());
+    press(Qt::Key_Up);
+    EXPECT_EQ(spoken(), done);
+    editor.command(u"check");
+    EXPECT_EQ(spoken(), open);
+    editor.undo();
+    EXPECT_EQ(spoken(), done);
+    // Another one, which the caret isn't at: checked, then open again.
+    const QPoint box(RhythmLayout::markRoom + RhythmLayout::gutter + 8, 17);
+    press(Qt::Key_Down);
+    EXPECT_EQ(spoken(), QString());
+    QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, box);
+    EXPECT_EQ(spoken(), done);
+    QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, box);
+    EXPECT_EQ(spoken(), open);
+    press(Qt::Key_Left);
+    EXPECT_EQ(spoken(), QString());
+    // Code that looks like one has no box.
+    load(QStringLiteral("```\n- [ ] one|"));
+    EXPECT_EQ(spoken(), QString());
+}
+
 }  // namespace
 }  // namespace velmar

@@ -1,5 +1,8 @@
 #include <random>
 
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
+
 #include "tests/app/editor/EditorFixture.h"
 
 namespace velmar {
@@ -40,6 +43,18 @@ TEST_F(GrowingTextViewTest, AnotherStateOfTheTextLeavesTheCaretAtItsWord) {
         EXPECT_EQ(shown().toStdString(), row.shown);
     }
     EXPECT_TRUE(drafts.isEmpty());
+}
+
+TEST_F(GrowingTextViewTest, UndoNeverTakesBackWhatAnotherMachineWrote) {
+    load(QStringLiteral("one|\ntwo"));
+    keys(" more");
+    editor.reload(QStringLiteral("one more\ntwo\nfrom elsewhere"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor.draft(), QStringLiteral("one more\ntwo\nfrom elsewhere"));
+    keys("!");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown(), QStringLiteral("one more|\ntwo\nfrom elsewhere"));
 }
 
 TEST_F(GrowingTextViewTest, KeepsEveryCharacterThatWasNotTyped) {
@@ -215,6 +230,48 @@ TEST_F(GrowingTextViewTest, UndoneToTheStartTheDraftIsTheLoadedOne) {
     EXPECT_NE(editor.draft(), hostile());
     while (editor.document()->isUndoAvailable()) editor.undo();
     EXPECT_EQ(editor.draft(), hostile());
+}
+
+// The field is as high as its text; the page around it shows a part of it.
+TEST_F(GrowingTextViewTest, ThePageScrollsWhileASelectionIsDraggedBeyondIt) {
+    QScrollArea page;
+    auto* view = new GrowingTextView;
+    view->restyle(fonts::serif(16.5), 16.5, theme::color(Token::Ink));
+    page.resize(700, 200);
+    page.setWidget(view);
+    view->resize(660, 200);
+    view->load(QStringLiteral("line\n").repeated(60));
+    view->resize(660, view->textHeight());
+    view->onCaretMoved = [&] { page.ensureVisible(0, view->caretRect().center().y(), 0, 34); };
+    page.show();
+    page.verticalScrollBar()->setValue(0);
+    QCoreApplication::processEvents();
+    QScrollBar* bar = page.verticalScrollBar();
+    QWidget* surface = view->viewport();
+    const auto at = [&](int y) { return surface->mapFromGlobal(page.mapToGlobal(QPoint(100, y))); };
+    const auto drag = [&](int y) {
+        QCursor::setPos(page.mapToGlobal(QPoint(100, y)));
+        QMouseEvent move(QEvent::MouseMove, at(y), page.mapToGlobal(QPoint(100, y)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(surface, &move);
+    };
+    QTest::mousePress(surface, Qt::LeftButton, {}, at(60));
+    drag(120);
+    EXPECT_EQ(bar->value(), 0);
+    // The mouse rests below the page: the selection goes on growing, and the page with it.
+    drag(260);
+    const int first = bar->value();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() > first + 6 * 34; }));
+    const qsizetype grown = view->selection().length;
+    EXPECT_GT(grown, 8 * 5);
+    // And upwards again.
+    drag(-80);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() == 0; }));
+    EXPECT_LT(view->selection().length, grown);
+    drag(260);
+    QTest::mouseRelease(surface, Qt::LeftButton, {}, at(260));
+    const int last = bar->value();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return bar->value() != last; }, 150));
 }
 
 }  // namespace

@@ -199,6 +199,14 @@ TEST_F(MatchMarksTest, MarksStayAtTheirWordsWhileTheTextIsEdited) {
     EXPECT_EQ(editor.matchRect(1), before);
 }
 
+TEST_F(MatchMarksTest, MarksStayAtTheirWordsWhenAnotherMachinesTextComesIn) {
+    editor.load(QStringLiteral("say find"));
+    mark(QStringLiteral("find"), 0);
+    editor.reload(QStringLiteral("new\nsay find"));
+    EXPECT_EQ(editor.matchRect(0).top() / kLine, 1);
+    EXPECT_NEAR(editor.matchRect(0).left(), x(1, 4) - 1, 1);
+}
+
 TEST_F(MatchMarksTest, NoRangeAndAnotherTextHaveNoMarks) {
     editor.load(QStringLiteral("find"));
     mark(QStringLiteral("find"));

@@ -19,6 +19,27 @@ TEST_F(PaintingTest, AQuoteThatWrapsHasOneBar) {
     EXPECT_NEAR(bar.bottom(), 3 * kLine - 7, 1);
 }
 
+TEST_F(PaintingTest, TheBarOfAQuoteEndsWhereItsLineEnds) {
+    const QRect edge(0, 0, kEdge + 3, 9 * kLine);
+    // A line separator begins a row of the same paragraph, and a line of its own.
+    editor.load(QStringLiteral("> one\u2028two"));
+    ASSERT_EQ(block(0).lineCount(), 2);
+    EXPECT_NEAR(extent(picture(), Token::QuoteBar, edge).bottom(), kLine - 7, 1);
+    editor.load(QStringLiteral("one\u2028> two"));
+    EXPECT_NEAR(extent(picture(), Token::QuoteBar, edge).top(), kLine + 6, 1);
+    // A CR ends a line and begins no row.
+    const QString words = QStringLiteral("word ").repeated(30);
+    editor.load(QStringLiteral("> one\r") + words);
+    ASSERT_GT(block(0).lineCount(), 2);
+    EXPECT_NEAR(extent(picture(), Token::QuoteBar, edge).bottom(), kLine - 7, 1);
+    editor.load(QStringLiteral("> ") + words + QStringLiteral("\r> two"));
+    const QRect both = extent(picture(), Token::QuoteBar, edge);
+    EXPECT_NEAR(both.top(), 6, 1);
+    EXPECT_NEAR(both.bottom(), block(0).lineCount() * kLine - 7, 1);
+    editor.load(QStringLiteral(">"));
+    EXPECT_NEAR(extent(picture(), Token::QuoteBar, edge).bottom(), kLine - 7, 1);
+}
+
 TEST_F(PaintingTest, ARuleReachesFromEdgeToEdge) {
     editor.load(QStringLiteral("---\na"));
     EXPECT_EQ(extent(picture(), Token::Border, row(0)), QRect(kEdge, 17, 660 - 22 - kEdge, 1));

@@ -114,6 +114,7 @@ protected:
 
     // Whether text, looks, lines and positions are those that the draft alone would give.
     void expectAgreement(int number) {
+        editor.settleLook();
         const QString& draft = editor.draft();
         ASSERT_EQ(documentText().replace(QChar(u'\uFFF0'), QChar(u'\r')), draft) << number;
         const diary::MarkdownBlockMetrics metrics{16.5};
@@ -148,6 +149,20 @@ protected:
         }
     }
 
+    // Looks at it now and then, and begins anew when the text has become this long.
+    void typeSteps(int count, int betweenLooks, int longest) {
+        for (int number = 0; number < count; ++number) {
+            step();
+            if (number % betweenLooks == 0) {
+                ASSERT_NO_FATAL_FAILURE(expectAgreement(number));
+            }
+            if (editor.draft().size() > longest) {
+                editor.selectAll();
+                press(Qt::Key_Backspace);
+            }
+        }
+    }
+
 private:
     std::mt19937 m_random{20261121};
 };
@@ -155,17 +170,7 @@ private:
 TEST_F(RandomTypingTest, TextAndDisplayAgreeAndUndoLeadsBackToTheStart) {
     editor.load(start());
     editor.setPageHeight(300);
-    for (int number = 0; number < kSteps; ++number) {
-        step();
-        if (number % 500 == 0) {
-            expectAgreement(number);
-            if (HasFatalFailure()) return;
-        }
-        if (editor.draft().size() > 3000) {
-            editor.selectAll();
-            press(Qt::Key_Backspace);
-        }
-    }
+    ASSERT_NO_FATAL_FAILURE(typeSteps(kSteps, 500, 3000));
     compose(QString());
     press(Qt::Key_Home);
     press(Qt::Key_End);
@@ -175,6 +180,18 @@ TEST_F(RandomTypingTest, TextAndDisplayAgreeAndUndoLeadsBackToTheStart) {
     while (editor.document()->isUndoAvailable()) editor.undo();
     EXPECT_EQ(editor.draft(), start());
     expectAgreement(kSteps + 1);
+}
+
+// Only two of its lines are shown, so that most of what fences change is left for later.
+TEST_F(RandomTypingTest, WhatIsBelowTheScreenAgreesToo) {
+    editor.resize(660, 2 * editor.lineHeight());
+    editor.load(start().repeated(20));
+    editor.setPageHeight(68);
+    ASSERT_NO_FATAL_FAILURE(typeSteps(kSteps / 10, 50, 6000));
+    compose(QString());
+    while (editor.document()->isUndoAvailable()) editor.undo();
+    EXPECT_EQ(editor.draft(), start().repeated(20));
+    expectAgreement(kSteps);
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 // Where lines, hidden markers and decorations stand.
+#include <QtGui/QFontDatabase>
+
 #include "DiaryApp/Editor/RhythmPainter.h"
 #include "tests/app/editor/PaintingFixture.h"
 
@@ -14,6 +16,20 @@ TEST_F(RhythmLayoutTest, TheBaselineIsCentredIfThereIsMoreThanAPixelToSpare) {
     EXPECT_EQ(rhythmBaseline(34, 25, 8), 26);
     EXPECT_EQ(rhythmBaseline(34, 26, 8), 26);
     EXPECT_EQ(rhythmBaseline(34, 40, 10), 24);
+}
+
+TEST_F(RhythmLayoutTest, CodeHasTheFirstFamilyThatIsThere) {
+    const auto first = [](const QStringList& installed) {
+        return codeFamilies([&](const QString& family) { return installed.contains(family); })[0];
+    };
+    const QString menlo = QStringLiteral("Menlo");
+    const QString plex = QStringLiteral("IBM Plex Mono");
+    EXPECT_EQ(first({plex, menlo}), menlo);
+    EXPECT_EQ(first({plex}), plex);
+    EXPECT_EQ(first({}), QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    // Chinese and Japanese letters have their stand-in in each case.
+    EXPECT_EQ(codeFamilies([](const QString&) { return false; }).mid(1),
+              fonts::mono(10).families().mid(1));
 }
 
 TEST_F(RhythmLayoutTest, TheLineHeightFollowsTheSize) {

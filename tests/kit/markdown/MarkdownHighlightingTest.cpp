@@ -52,7 +52,9 @@ class BlockLine : public testing::TestWithParam<DecorationRow> {};
 TEST_P(BlockLine, HidesItsMarkerBehindADrawing) {
     const QString line = test::text(GetParam().line);
     const MarkdownStyling styling = highlight(line);
-    EXPECT_THAT(styling.decorations, ElementsAre(GetParam().decoration));
+    MarkdownDecoration wanted = GetParam().decoration;
+    wanted.length = line.size();
+    EXPECT_THAT(styling.decorations, ElementsAre(wanted));
     EXPECT_EQ(hidden(line), test::text(GetParam().hidden));
     EXPECT_EQ(lookAt(styling, 0).indent, GetParam().indent);
     EXPECT_EQ(lookAt(styling, line.size() - 1).indent, GetParam().indent);
@@ -112,7 +114,7 @@ TEST(Fences, TakeEverythingBetweenThem) {
     const QString text = QStringLiteral("a\n```\n## 2024\n**b**\n```\n## 2024");
     const MarkdownStyling styling = highlight(text);
     EXPECT_THAT(styling.decorations,
-                ElementsAre(MarkdownDecoration{24, Kind::heading, 2, 0, 2024}));
+                ElementsAre(MarkdownDecoration{24, Kind::heading, 2, 0, 2024, 7}));
     EXPECT_EQ(stretch(text, [](const auto& look) { return look.font == MarkdownFont::mono; }),
               u"```## 2024**b**```");
     const MarkdownAttributes look = lookAt(styling, 16);
