@@ -13,7 +13,7 @@ namespace {
 
 // Units of the text, and of its plain form, that are enough for nearly every snippet.
 constexpr qsizetype kFirstLines = 256;
-constexpr qsizetype kFirstCharacters = kSnippetCharacters * 4;
+constexpr qsizetype kFirstCharacters = 4L * kSnippetCharacters;
 
 icu::BreakIterator& characters() {
     static const std::unique_ptr<icu::BreakIterator> iterator = [] {
@@ -54,7 +54,7 @@ QString snippetOf(QStringView markdown) {
         // Lines are made plain one by one, so whole lines give the beginning of the whole.
         const qsizetype lineEnd = look < markdown.size() ? markdown.indexOf(u'\n', look) : -1;
         const bool isWhole = lineEnd < 0;
-        const QString plain =
+        QString plain =
             diary::MarkdownEditing::plainText(isWhole ? markdown : markdown.first(lineEnd));
         if (const auto beginning = cut(plain)) return beginning->toString() + u'…';
         if (isWhole) return plain;

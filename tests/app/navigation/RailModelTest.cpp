@@ -14,9 +14,9 @@ protected:
     [[nodiscard]] RailModel model() const { return railModel(rail); }
 
     [[nodiscard]] std::vector<int> years() const {
-        std::vector<int> list;
         const RailModel shown = model();
-        for (const RailModel::Card& card : shown.cards) list.push_back(card.year);
+        std::vector<int> list(shown.cards.size());
+        std::ranges::transform(shown.cards, list.begin(), &RailModel::Card::year);
         return list;
     }
 
