@@ -5,6 +5,8 @@
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QMenuBar>
+#include <algorithm>
+#include <array>
 
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/Chrome/TopBarView.h"
@@ -34,12 +36,42 @@ MainWindow::MainWindow(Settings& settings)
     restoreFrame();
 }
 
-// The text field keeps Tab for the text, so another key leads out of it.
+// The text field keeps Tab for the text, so another key leads out of it, from pane to pane.
 void MainWindow::addFocusKeys() {
     const auto* next = new QShortcut(QKeySequence(Qt::Key_F6), this);
-    connect(next, &QShortcut::activated, this, [this] { focusNextPrevChild(true); });
+    connect(next, &QShortcut::activated, this, [this] { focusNextPane(1); });
     const auto* previous = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
-    connect(previous, &QShortcut::activated, this, [this] { focusNextPrevChild(false); });
+    connect(previous, &QShortcut::activated, this, [this] { focusNextPane(-1); });
+}
+
+void MainWindow::focusNextPane(int step) {
+    const std::array<QWidget*, 4> panes = {m_topBar, m_sidebar, m_entryView, m_rail};
+    const QWidget* focus = focusWidget();
+    const auto at = std::ranges::find_if(
+        panes, [focus](const QWidget* pane) { return pane->isAncestorOf(focus); });
+    const auto count = static_cast<int>(panes.size());
+    // The page is where one is when no pane has the focus.
+    int index = at == panes.end() ? 2 : static_cast<int>(at - panes.begin());
+    for (int tries = 0; tries < count; ++tries) {
+        index = (index + step + count) % count;
+        if (focusPane(panes[index])) return;
+    }
+}
+
+// Its first part that takes the focus. False if there is none.
+bool MainWindow::focusPane(QWidget* pane) {
+    if (pane == m_entryView && m_entryView->showsEditor()) {
+        m_entryView->focusEditor();
+        return m_entryView->isAncestorOf(focusWidget());
+    }
+    for (QWidget* each = pane->nextInFocusChain(); each != pane; each = each->nextInFocusChain()) {
+        const bool takesFocus = pane->isAncestorOf(each) && each->isVisible() &&
+                                each->isEnabled() && (each->focusPolicy() & Qt::TabFocus) != 0;
+        if (!takesFocus) continue;
+        each->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return false;
 }
 
 void MainWindow::setMenuBar(QMenuBar* bar) {

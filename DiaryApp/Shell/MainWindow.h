@@ -56,6 +56,8 @@ protected:
 
 private:
     void addFocusKeys();
+    void focusNextPane(int step);
+    bool focusPane(QWidget* pane);
     void restoreFrame();
     void place();
 

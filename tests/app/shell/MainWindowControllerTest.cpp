@@ -7,6 +7,9 @@
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Chrome/AlertSheet.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
+#include "DiaryApp/Chrome/TopBarView.h"
+#include "DiaryApp/Navigation/SidebarView.h"
+#include "DiaryApp/Navigation/YearRailView.h"
 #include "tests/app/shell/ShellFixture.h"
 
 namespace velmar {
@@ -95,19 +98,22 @@ TEST_F(MainWindowControllerTest, PutsAKeptDraftBackAtTheLink) {
     EXPECT_TRUE(bar->linkRect().isEmpty());
 }
 
-TEST_F(MainWindowControllerTest, LeadsOutOfTheTextAndBackByF6) {
-    QWidget* const window = controller->window();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    ASSERT_EQ(window->focusWidget(), editor());
+TEST_F(MainWindowControllerTest, LeadsFromPaneToPaneByF6) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    ASSERT_EQ(window()->focusWidget(), editor());
+    const auto isIn = [this](const QWidget* pane) {
+        return pane->isAncestorOf(window()->focusWidget());
+    };
     QTest::keyClick(editor(), Qt::Key_F6);
-    EXPECT_NE(window->focusWidget(), editor());
-    for (int i = 0; i < 10 && window->focusWidget() != editor(); ++i) {
-        QTest::keyClick(window->focusWidget(), Qt::Key_F6);
-    }
-    EXPECT_EQ(window->focusWidget(), editor());
+    EXPECT_TRUE(isIn(window()->rail()));
+    QTest::keyClick(window()->focusWidget(), Qt::Key_F6);
+    EXPECT_TRUE(isIn(window()->topBar()));
+    QTest::keyClick(window()->focusWidget(), Qt::Key_F6);
+    EXPECT_TRUE(isIn(window()->sidebar()));
+    QTest::keyClick(window()->focusWidget(), Qt::Key_F6);
+    EXPECT_EQ(window()->focusWidget(), editor());
     QTest::keyClick(editor(), Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_NE(window->focusWidget(), editor());
+    EXPECT_TRUE(isIn(window()->sidebar()));
 }
 
 TEST_F(MainWindowControllerTest, KeepsADraftAtOnceWhenItsSaveFailsAtTheEnd) {

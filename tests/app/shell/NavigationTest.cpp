@@ -26,6 +26,7 @@ protected:
     NavigationTest() {
         write(QStringLiteral("03-07"), 2019, QStringLiteral("An old year."));
         controller = makeController();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
         open(3, 7);
     }
 

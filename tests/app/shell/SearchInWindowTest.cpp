@@ -103,7 +103,6 @@ TEST_F(SearchInWindowTest, AllYearsKeepTheirViewWhenAnotherHitIsShown) {
     find(QStringLiteral("canal"));
     QTest::keyClick(field(), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_TRUE(controller->session().showAllYears());
-    search();
     controller->search().move(1);
     EXPECT_TRUE(controller->session().showAllYears());
     EXPECT_EQ(controller->session().currentMonthDay(), (diary::MonthDay{3, 7}));
