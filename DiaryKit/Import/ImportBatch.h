@@ -40,7 +40,7 @@ struct ImportBatch {
 
     // A journal of the source and the number of its entries.
     struct Journal {
-        QString name;
+        QString name = {};
         int count = 0;
 
         bool operator==(const Journal&) const = default;
@@ -48,9 +48,9 @@ struct ImportBatch {
 
     ImportSource source = ImportSource::datedText;
     // The display name of what was read.
-    QString name;
+    QString name = {};
     // In the order in which the reader met them, which settles ties later.
-    std::vector<ImportedEntry> entries;
+    std::vector<ImportedEntry> entries = {};
     Skipped skipped = {};
     // Offered for exclusion; none for a source without journals.
     std::vector<Journal> journals = {};

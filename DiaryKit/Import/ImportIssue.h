@@ -21,8 +21,8 @@ struct ImportIssue {
 
     Kind kind = Kind::ignoredFile;
     // The path in the source.
-    QString file;
-    std::optional<QString> detail;
+    QString file = {};
+    std::optional<QString> detail = {};
 
     bool operator==(const ImportIssue&) const = default;
 };

@@ -25,19 +25,19 @@ struct ImportedEntry {
     };
 
     // The calendar day in the entry's own local time.
-    DiaryDay day;
-    std::optional<Time> time;
-    std::optional<QString> title;
+    DiaryDay day = {};
+    std::optional<Time> time = {};
+    std::optional<QString> title = {};
     // Markdown, with headings at the levels that the source gave them and fences as they are.
-    QString body;
-    std::optional<QString> place;
+    QString body = {};
+    std::optional<QString> place = {};
     // Weather and mood are texts for display already.
-    std::optional<QString> weather;
-    std::optional<QString> mood;
+    std::optional<QString> weather = {};
+    std::optional<QString> mood = {};
     // In any form; rendering strips number signs and blanks.
-    QStringList tags;
+    QStringList tags = {};
     // The journal or notebook inside of the source.
-    std::optional<QString> journal;
+    std::optional<QString> journal = {};
     // The body is the whole text of another vault's year section, to be taken over verbatim.
     bool isVelmarSection = false;
 
