@@ -19,6 +19,7 @@ const Table& functions() {
         addVaultFunctions(all);
         addAppearanceFunctions(all);
         addMarkdownFunctions(all);
+        addImportFunctions(all);
         return all;
     }();
     return table;

@@ -15,6 +15,7 @@ using Table = QHash<QString, Function>;
 void addVaultFunctions(Table& table);
 void addAppearanceFunctions(Table& table);
 void addMarkdownFunctions(Table& table);
+void addImportFunctions(Table& table);
 
 // All functions of the kit that cases can name.
 [[nodiscard]] const Table& functions();
