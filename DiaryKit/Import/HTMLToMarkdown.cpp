@@ -96,27 +96,48 @@ void appendBlockInline(const HTMLNode& node, Nesting nesting, QString& out) {
 // means nothing here, and of one that lies too deep.
 bool appendOpening(const HTMLNode& node, Nesting nesting, QString& out) {
     switch (node.role()) {
-        case HTMLRole::Text: appendCollapsed(node.text(), out); return false;
-        case HTMLRole::LineBreak: out += u'\n'; return false;
-        case HTMLRole::Media: return false;
+        case HTMLRole::Text:
+            appendCollapsed(node.text(), out);
+            return false;
+        case HTMLRole::LineBreak:
+            out += u'\n';
+            return false;
+        case HTMLRole::Media:
+            return false;
         case HTMLRole::Input:
             if (isCheckbox(node)) out += todo(node.hasAttribute(u"checked"));
             return false;
-        case HTMLRole::Todo: out += todo(node.attribute(u"checked") == u"true"); return false;
-        case HTMLRole::Plain: return true;
-        default: break;
+        case HTMLRole::Todo:
+            out += todo(node.attribute(u"checked") == u"true");
+            return false;
+        case HTMLRole::Plain:
+            return true;
+        default:
+            break;
     }
     if (nesting.isExhausted()) {
         if (node.isBlock()) out += u'\n';
         return true;
     }
     switch (node.role()) {
-        case HTMLRole::Bold: appendWrapped(node, QLatin1String("**"), nesting, out); break;
-        case HTMLRole::Italic: appendWrapped(node, QLatin1String("*"), nesting, out); break;
-        case HTMLRole::Strikethrough: appendWrapped(node, QLatin1String("~~"), nesting, out); break;
-        case HTMLRole::Code: appendWrapped(node, QLatin1String("`"), nesting, out); break;
-        case HTMLRole::Link: appendLink(node, nesting, out); break;
-        default: appendBlockInline(node, nesting, out); break;
+        case HTMLRole::Bold:
+            appendWrapped(node, QLatin1String("**"), nesting, out);
+            break;
+        case HTMLRole::Italic:
+            appendWrapped(node, QLatin1String("*"), nesting, out);
+            break;
+        case HTMLRole::Strikethrough:
+            appendWrapped(node, QLatin1String("~~"), nesting, out);
+            break;
+        case HTMLRole::Code:
+            appendWrapped(node, QLatin1String("`"), nesting, out);
+            break;
+        case HTMLRole::Link:
+            appendLink(node, nesting, out);
+            break;
+        default:
+            appendBlockInline(node, nesting, out);
+            break;
     }
     return false;
 }
@@ -197,8 +218,8 @@ public:
 
 private:
     void add(const HTMLNode& child) {
-        const bool isList = child.role() == HTMLRole::UnorderedList ||
-                            child.role() == HTMLRole::OrderedList;
+        const bool isList =
+            child.role() == HTMLRole::UnorderedList || child.role() == HTMLRole::OrderedList;
         if (isList && !m_nesting.isExhausted()) {
             appendListLines(child, m_nestedIndent, m_nesting, m_nested);
         } else if (isCheckbox(child)) {
@@ -271,11 +292,18 @@ QString heading(const HTMLNode& node, Nesting nesting) {
 QString quote(const HTMLNode& node, Nesting nesting) {
     const QStringList inner = blocksBelow(node, nesting.deeper());
     if (inner.isEmpty()) return {};
-    QStringList lines = inner.join(QLatin1String("\n\n")).split(u'\n');
-    for (QString& line : lines) {
-        line = line.isEmpty() ? QStringLiteral(">") : QLatin1String("> ") + line;
+    const QString joined = inner.join(QLatin1String("\n\n"));
+    QString quoted;
+    quoted.reserve(joined.size() + 2 * joined.count(u'\n') + 2);
+    for (qsizetype start = 0; start <= joined.size();) {
+        const qsizetype found = joined.indexOf(u'\n', start);
+        const qsizetype end = found < 0 ? joined.size() : found;
+        if (start > 0) quoted += u'\n';
+        quoted += end == start ? QLatin1String(">") : QLatin1String("> ");
+        quoted += QStringView(joined).sliced(start, end - start);
+        start = end + 1;
     }
-    return lines.join(u'\n');
+    return quoted;
 }
 
 QString codeBlock(const HTMLNode& node) {
@@ -304,25 +332,35 @@ bool isTransparent(const HTMLNode& node, Nesting nesting) {
     switch (node.role()) {
         case HTMLRole::Division:
         case HTMLRole::Row:
-        case HTMLRole::Cell: return true;
-        case HTMLRole::Rule: return false;
+        case HTMLRole::Cell:
+            return true;
+        case HTMLRole::Rule:
+            return false;
         case HTMLRole::Table:
             return nesting.isExhausted() || node.rowDepth() >= kMaxRowDepth;
-        default: return nesting.isExhausted();
+        default:
+            return nesting.isExhausted();
     }
 }
 
 // Empty if the node makes no block.
 QString block(const HTMLNode& node, Nesting nesting) {
     switch (node.role()) {
-        case HTMLRole::Heading: return heading(node, nesting);
+        case HTMLRole::Heading:
+            return heading(node, nesting);
         case HTMLRole::UnorderedList:
-        case HTMLRole::OrderedList: return joinedLines(node, nesting);
-        case HTMLRole::ListItem: return itemOutsideList(node, nesting);
-        case HTMLRole::Quote: return quote(node, nesting);
-        case HTMLRole::Preformatted: return codeBlock(node);
-        case HTMLRole::Rule: return QStringLiteral("---");
-        default: return rows(node, nesting);
+        case HTMLRole::OrderedList:
+            return joinedLines(node, nesting);
+        case HTMLRole::ListItem:
+            return itemOutsideList(node, nesting);
+        case HTMLRole::Quote:
+            return quote(node, nesting);
+        case HTMLRole::Preformatted:
+            return codeBlock(node);
+        case HTMLRole::Rule:
+            return QStringLiteral("---");
+        default:
+            return rows(node, nesting);
     }
 }
 

@@ -16,11 +16,11 @@ struct Entity {
 };
 
 constexpr Entity kNamed[] = {
-    {u"amp", u'&'},         {u"lt", u'<'},          {u"gt", u'>'},          {u"quot", u'"'},
-    {u"apos", u'\''},       {u"nbsp", u'\u00A0'},   {u"hellip", u'\u2026'}, {u"mdash", u'\u2014'},
-    {u"ndash", u'\u2013'},  {u"ldquo", u'\u201C'},  {u"rdquo", u'\u201D'},  {u"lsquo", u'\u2018'},
-    {u"rsquo", u'\u2019'},  {u"copy", u'\u00A9'},   {u"middot", u'\u00B7'}, {u"times", u'\u00D7'},
-    {u"yen", u'\u00A5'},    {u"emsp", u'\u2003'},   {u"ensp", u'\u2002'},   {u"thinsp", u'\u2009'},
+    {u"amp", u'&'},        {u"lt", u'<'},         {u"gt", u'>'},          {u"quot", u'"'},
+    {u"apos", u'\''},      {u"nbsp", u'\u00A0'},  {u"hellip", u'\u2026'}, {u"mdash", u'\u2014'},
+    {u"ndash", u'\u2013'}, {u"ldquo", u'\u201C'}, {u"rdquo", u'\u201D'},  {u"lsquo", u'\u2018'},
+    {u"rsquo", u'\u2019'}, {u"copy", u'\u00A9'},  {u"middot", u'\u00B7'}, {u"times", u'\u00D7'},
+    {u"yen", u'\u00A5'},   {u"emsp", u'\u2003'},  {u"ensp", u'\u2002'},   {u"thinsp", u'\u2009'},
 };
 
 // The place of the ";" within the window that begins at `from`, or -1.
@@ -28,8 +28,8 @@ qsizetype endOfEntity(QStringView text, qsizetype from) {
     qsizetype at = from;
     for (int passed = 0; passed < kWindow && at < text.size(); ++passed, ++at) {
         if (text[at] == u';') return at;
-        const bool isPair = text[at].isHighSurrogate() && at + 1 < text.size() &&
-                            text[at + 1].isLowSurrogate();
+        const bool isPair =
+            text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
         if (isPair) ++at;
     }
     return -1;
@@ -72,8 +72,7 @@ QString decodeEntities(QStringView text) {
     qsizetype copied = 0;
     for (qsizetype at = text.indexOf(u'&'); at >= 0;) {
         const qsizetype end = endOfEntity(text, at + 1);
-        const auto scalar =
-            end < 0 ? std::nullopt : character(text.sliced(at + 1, end - at - 1));
+        const auto scalar = end < 0 ? std::nullopt : character(text.sliced(at + 1, end - at - 1));
         if (scalar) {
             decoded += text.sliced(copied, at - copied);
             decoded += QStringView(QChar::fromUcs4(*scalar));
