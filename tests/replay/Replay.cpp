@@ -21,6 +21,7 @@ const Table& functions() {
         addMarkdownFunctions(all);
         addImportFunctions(all);
         addHtmlFunctions(all);
+        addPlanFunctions(all);
         return all;
     }();
     return table;

@@ -17,6 +17,7 @@ void addAppearanceFunctions(Table& table);
 void addMarkdownFunctions(Table& table);
 void addImportFunctions(Table& table);
 void addHtmlFunctions(Table& table);
+void addPlanFunctions(Table& table);
 
 // All functions of the kit that cases can name.
 [[nodiscard]] const Table& functions();
