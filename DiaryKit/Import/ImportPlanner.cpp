@@ -41,6 +41,14 @@ std::set<Trait> traitsOf(const Addition& addition) {
     return traits;
 }
 
+// White space ahead of a first line can hide a fence, which shows once the addition is trimmed to
+// be written and then swallows all later years. Any other addition stays as it was rendered.
+QString withClosedFence(const QString& section) {
+    const QStringView trimmed = text::trimmed(section);
+    if (!YearSectionParser::leavesFenceOpen(trimmed)) return section;
+    return YearSectionParser::closingFence(trimmed);
+}
+
 // Gathers a plan, day by day.
 class Planning {
 public:
@@ -100,7 +108,8 @@ private:
         if (addition.appended && isLeftAlone(addition.entries)) return;
         const auto placement = addition.appended ? EntryRenderer::Placement::Appended
                                                  : EntryRenderer::Placement::Alone;
-        addition.text = EntryRenderer::section(addition.entries, m_plan.options, placement);
+        addition.text =
+            withClosedFence(EntryRenderer::section(addition.entries, m_plan.options, placement));
         std::optional<QString> text = appending(addition.text, year, day.change.monthDay, day.text);
         if (!text) return;
         day.text = std::move(*text);
@@ -172,9 +181,17 @@ std::optional<QString> appending(QStringView addition, int year, const MonthDay&
                                  QStringView text) {
     const QStringView trimmed = text::trimmed(addition);
     if (trimmed.isEmpty()) return std::nullopt;
-    QString written = YearSectionParser::appendingBody(addition, kSeparator, year, monthDay, text);
-    if (!YearSectionParser::body(year, written).contains(trimmed)) return std::nullopt;
-    return written;
+    const auto tried = [&](QStringView on) -> std::optional<QString> {
+        QString written =
+            YearSectionParser::appendingBody(addition, kSeparator, year, monthDay, on);
+        const bool isThere = YearSectionParser::body(year, written).contains(trimmed);
+        return isThere ? std::optional(std::move(written)) : std::nullopt;
+    };
+    std::optional<QString> written = tried(text);
+    if (written || !YearSectionParser::leavesFenceOpen(text)) return written;
+    // Behind a fence that the file leaves open, the addition's own fences are turned inside out,
+    // and what they hold may end the section.
+    return tried(YearSectionParser::closingFence(text));
 }
 
 }  // namespace diary::ImportPlanner

@@ -29,8 +29,9 @@ using ExistingText = std::function<std::optional<QString>(const MonthDay&)>;
 
 // A day's text with the addition at the end of the year's section, or nothing if the section can't
 // hold it whole: a year that the format has no header for, or a text that would end the section.
-// Nothing is reported as written that isn't found in the result. `text` is the day's current text,
-// or the blank template.
+// Nothing is reported as written that isn't found in the result. A fence that the text leaves open
+// is closed first where the addition wouldn't stay whole otherwise. `text` is the day's current
+// text, or the blank template.
 [[nodiscard]] std::optional<QString> appending(QStringView addition, int year,
                                                const MonthDay& monthDay, QStringView text);
 
