@@ -26,7 +26,7 @@ struct Nesting {
 
 void appendInline(const HTMLNode& node, Nesting nesting, QString& out);
 QString inlineOfChildren(const HTMLNode& node, Nesting nesting);
-QStringList blocksBelow(const HTMLNode& node, Nesting nesting);
+QStringList blocksBelow(const HTMLNode& top, Nesting nesting);
 void appendListLines(const HTMLNode& list, const QString& indent, Nesting nesting,
                      QStringList& lines);
 

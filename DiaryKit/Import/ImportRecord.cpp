@@ -79,7 +79,7 @@ public:
         require(value(key).isArray());
         QStringList texts;
         const QJsonArray array = value(key).toArray();
-        for (const QJsonValue& one : array) {
+        for (const auto& one : array) {
             require(one.isString());
             texts << one.toString();
         }
@@ -92,7 +92,7 @@ public:
         require(value(key).isArray());
         std::vector<Value> list;
         const QJsonArray array = value(key).toArray();
-        for (const QJsonValue& one : array) {
+        for (const auto& one : array) {
             std::optional<Value> element = read(one);
             require(element.has_value());
             if (element) list.push_back(std::move(*element));

@@ -140,7 +140,7 @@ void insertKeys(const ImportRecord::Added& added, SoughtSection& section, QSet<Q
 
 void insertKeys(const ImportRecord::File& file, DayText& day, QSet<QString>& keys) {
     // A write that was announced but didn't happen must not keep its entries from coming back.
-    if (file.committed == false && day.digest() != *file.after) return;
+    if (file.committed == false && file.after != day.digest()) return;
     for (const ImportRecord::Added& added : file.added) {
         if (SoughtSection* section = day.section(added.year)) insertKeys(added, *section, keys);
     }
