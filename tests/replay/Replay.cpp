@@ -20,6 +20,7 @@ const Table& functions() {
         addAppearanceFunctions(all);
         addMarkdownFunctions(all);
         addImportFunctions(all);
+        addHtmlFunctions(all);
         return all;
     }();
     return table;
