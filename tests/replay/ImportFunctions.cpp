@@ -12,6 +12,7 @@
 #include "DiaryKit/Import/TextDecoding.h"
 #include "DiaryKit/Import/UniqueJoined.h"
 #include "DiaryKit/Import/ZipArchive.h"
+#include "tests/replay/ImportShapes.h"
 #include "tests/replay/Replay.h"
 
 namespace diary::replay {
@@ -113,22 +114,8 @@ QJsonValue joinedParts(const QJsonObject& in) {
         {QStringLiteral("text"), orNull(uniqueJoined(parts, text(in, "separator")))}};
 }
 
-QString kindName(ImportError::Kind kind) {
-    switch (kind) {
-        case ImportError::Kind::unrecognized:
-            return QStringLiteral("unrecognized");
-        case ImportError::Kind::badArchive:
-            return QStringLiteral("badArchive");
-        case ImportError::Kind::empty:
-            return QStringLiteral("empty");
-        case ImportError::Kind::stalePlan:
-            return QStringLiteral("stalePlan");
-    }
-    return {};
-}
-
 QJsonObject json(const ImportError& error) {
-    return {{QStringLiteral("error"), kindName(error.kind())}};
+    return {{QStringLiteral("error"), errorName(error)}};
 }
 
 QJsonObject json(const ZipArchive& archive, const ZipArchive::Entry& entry) {
