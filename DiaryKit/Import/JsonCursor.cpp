@@ -1,5 +1,7 @@
 #include "DiaryKit/Import/JsonCursor.h"
 
+#include <limits>
+
 #include "DiaryKit/Foundation/Utf8.h"
 
 namespace diary {
@@ -166,7 +168,9 @@ QByteArrayView JsonCursor::takeNumberText() {
 }
 
 double JsonCursor::takeNumber() {
-    return takeNumberText().toDouble();
+    bool isInRange = false;
+    const double value = takeNumberText().toDouble(&isInRange);
+    return isInRange ? value : std::numeric_limits<double>::infinity();
 }
 
 void JsonCursor::takeWord(QByteArrayView word) {
