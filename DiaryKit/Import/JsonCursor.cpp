@@ -16,6 +16,19 @@ bool endsPlainRun(char c) {
     return c == '"' || c == '\\' || static_cast<unsigned char>(c) < 0x20;
 }
 
+// Most texts are one run without escapes.
+void appendRun(QString& text, QByteArrayView run) {
+    if (run.isEmpty()) return;
+    // Qt takes a mark at the start of bytes for one of their encoding.
+    QString decoded =
+        run.startsWith("\xEF\xBB\xBF") ? utf8::decodedWithRepair(run) : QString::fromUtf8(run);
+    if (text.isEmpty()) {
+        text = std::move(decoded);
+    } else {
+        text.append(decoded);
+    }
+}
+
 int hexValue(char c) {
     if (isDigit(c)) return c - '0';
     if (c >= 'a' && c <= 'f') return c - 'a' + 10;
@@ -86,7 +99,7 @@ QString JsonCursor::takeString() {
     while (true) {
         const char* const run = m_at;
         while (m_at != m_end && !endsPlainRun(*m_at)) ++m_at;
-        text.append(utf8::decodedWithRepair({run, m_at - run}));
+        appendRun(text, {run, m_at - run});
         if (m_at == m_end) throw JsonError();
         const char c = *m_at++;
         if (c == '"') return text;

@@ -3,7 +3,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <QtCore/QElapsedTimer>
+#include <ctime>
 #include <random>
 
 #include "DiaryKit/Import/ImportError.h"
@@ -19,7 +19,7 @@ using diary::testing::ZipBuilder;
 
 constexpr qint64 kMebibyte = 1024 * 1024;
 constexpr qint64 kMostMemory = 512 * kMebibyte;
-constexpr qint64 kMostMilliseconds = 10'000;
+constexpr qint64 kMostSeconds = 10;
 
 // The peak of the resident memory so far, in bytes. It only grows, so a bound on it holds for all
 // that came before.
@@ -31,9 +31,9 @@ qint64 peakMemory() {
 
 class HostileArchive : public ::testing::Test {
 protected:
-    void SetUp() override { m_timer.start(); }
     void TearDown() override {
-        EXPECT_LT(m_timer.elapsed(), kMostMilliseconds);
+        // The processor's time, since others may be at work on the machine.
+        EXPECT_LT((std::clock() - m_start) / CLOCKS_PER_SEC, kMostSeconds);
         EXPECT_LT(peakMemory(), kMostMemory);
     }
 
@@ -60,7 +60,7 @@ protected:
     }
 
     TemporaryPackage m_package;
-    QElapsedTimer m_timer;
+    std::clock_t m_start = std::clock();
 };
 
 QByteArray zip64Size(quint64 size) {
