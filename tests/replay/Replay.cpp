@@ -20,6 +20,7 @@ const Table& functions() {
         addAppearanceFunctions(all);
         addMarkdownFunctions(all);
         addImportFunctions(all);
+        addImportSourceFunctions(all);
         addHtmlFunctions(all);
         addPlanFunctions(all);
         return all;

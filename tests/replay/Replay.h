@@ -16,6 +16,7 @@ void addVaultFunctions(Table& table);
 void addAppearanceFunctions(Table& table);
 void addMarkdownFunctions(Table& table);
 void addImportFunctions(Table& table);
+void addImportSourceFunctions(Table& table);
 void addHtmlFunctions(Table& table);
 void addPlanFunctions(Table& table);
 
