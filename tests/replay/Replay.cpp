@@ -20,6 +20,10 @@ const Table& functions() {
         addAppearanceFunctions(all);
         addMarkdownFunctions(all);
         addSearchFunctions(all);
+        addImportFunctions(all);
+        addImportSourceFunctions(all);
+        addHtmlFunctions(all);
+        addPlanFunctions(all);
         return all;
     }();
     return table;

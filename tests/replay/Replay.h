@@ -16,6 +16,10 @@ void addVaultFunctions(Table& table);
 void addAppearanceFunctions(Table& table);
 void addMarkdownFunctions(Table& table);
 void addSearchFunctions(Table& table);
+void addImportFunctions(Table& table);
+void addImportSourceFunctions(Table& table);
+void addHtmlFunctions(Table& table);
+void addPlanFunctions(Table& table);
 
 // All functions of the kit that cases can name.
 [[nodiscard]] const Table& functions();

@@ -1,0 +1,14 @@
+// Moments as exports write them.
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QStringView>
+#include <optional>
+
+namespace diary {
+
+// The moment of "2021-03-04T05:06:07Z", with or without a fraction of the second and with "+09:00"
+// in place of "Z"; nothing for every other form and for dates that the calendar doesn't have.
+[[nodiscard]] std::optional<QDateTime> isoMoment(QStringView text);
+
+}  // namespace diary

@@ -1,0 +1,44 @@
+// Any bytes as a journal of a Day One export, and as the text of an entry.
+#include "DiaryKit/Foundation/FileError.h"
+#include "DiaryKit/Foundation/Utf8.h"
+#include "DiaryKit/Import/DayOneSource.h"
+#include "DiaryKit/Import/ImportError.h"
+#include "DiaryKit/Import/LocalTime.h"
+#include "tests/fuzz/ImportFuzzing.h"
+
+namespace diary::fuzz {
+namespace {
+
+void checkEntry(const ImportedEntry& entry) {
+    check(LocalTime::isValid(entry.day.year, entry.day.month, entry.day.day),
+          "an entry's day is one of the calendar");
+    check(!entry.title || !entry.title->isEmpty(), "a title that is there isn't empty");
+    check(!entry.place || !entry.place->isEmpty(), "a place that is there isn't empty");
+    check(entry.body.isValidUtf16(), "a body has no lone surrogates");
+    check(entry.journal.has_value(), "an entry belongs to a journal");
+}
+
+void read(const QString& path) {
+    try {
+        const ImportPackage package(path);
+        const ImportBatch batch = DayOneSource::read(package, QStringLiteral("x"));
+        int count = 0;
+        for (const ImportBatch::Journal& journal : batch.journals) count += journal.count;
+        check(count == static_cast<int>(batch.entries.size()), "journals count their entries");
+        for (const ImportedEntry& entry : batch.entries) checkEntry(entry);
+    } catch (const ImportError&) {
+    } catch (const FileError&) {}
+}
+
+}  // namespace
+}  // namespace diary::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    using namespace diary;
+    using namespace diary::fuzz;
+    const QByteArrayView bytes = view(data, size);
+    read(asFile(bytes, QStringLiteral("input.json")));
+    const QString text = utf8::decodedWithRepair(bytes);
+    check(DayOneSource::cleanText(text).size() <= text.size(), "cleaning only takes away");
+    return 0;
+}

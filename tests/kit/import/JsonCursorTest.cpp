@@ -1,0 +1,119 @@
+#include "DiaryKit/Import/JsonCursor.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QJsonDocument>
+#include <random>
+
+#include "DiaryKit/Import/IsoMoment.h"
+
+namespace diary {
+namespace {
+
+bool isJson(const QByteArray& text) {
+    try {
+        JsonCursor json(text);
+        json.skip();
+        json.finish();
+        return true;
+    } catch (const JsonError&) {
+        return false;
+    }
+}
+
+QString stringOf(const QByteArray& text) {
+    JsonCursor json(text);
+    QString value = json.takeString();
+    json.finish();
+    return value;
+}
+
+TEST(JsonCursor, TakesJsonAndNothingElse) {
+    for (const char* text :
+         {"{}", "[]", " [ 1 , -0.5e+3 , \"a\" ] ", R"({"a": {"b": [true, false, null]}, "a": 1})",
+          "0", "-0", "1E5", "\xEF\xBB\xBF{}", "\"\x7F\""}) {
+        EXPECT_TRUE(isJson(text)) << text;
+    }
+    for (const char* text :
+         {"",         " ",       "{",          "[1,]",        "[,1]", "[1 2]", "{\"a\"}",
+          "{\"a\":}", "{a:1}",   "{\"a\":1,}", "01",          "1.",   ".5",    "+1",
+          "-",        "1e",      "tru",        "True",        "nul",  "'a'",   "\"a",
+          "\"\n\"",   "\"\\x\"", "\"\\u12\"",  "\"\\u12g4\"", "[]]",  "{}{}",  "\"\xFF\"",
+          "NaN",      "// x\n1"}) {
+        EXPECT_FALSE(isJson(text)) << text;
+    }
+}
+
+TEST(JsonCursor, TakesTextsWithTheirEscapes) {
+    EXPECT_EQ(stringOf(R"("a\"\\\/\b\f\n\r\té\u00e9\ud83d\ude00")"),
+              QStringLiteral("a\"\\/\b\f\n\r\té\u00e9\U0001F600"));
+    EXPECT_EQ(stringOf("\"\xEF\xBB\xBFx\""), QStringLiteral("\uFEFFx"));
+    EXPECT_EQ(stringOf(R"("\ud83d!")"), QStringLiteral("\uFFFD!"));
+    EXPECT_EQ(stringOf(R"("\ude00\ud83d\u0041")"), QStringLiteral("\uFFFD\uFFFDA"));
+}
+
+TEST(JsonCursor, NestsToItsDepthAndNoFurther) {
+    const auto nested = [](int depth) { return QByteArray(depth, '[') + QByteArray(depth, ']'); };
+    EXPECT_TRUE(isJson(nested(JsonCursor::kMaxDepth)));
+    EXPECT_FALSE(isJson(nested(JsonCursor::kMaxDepth + 1)));
+}
+
+TEST(JsonCursor, VisitsMembersAndElementsInOrder) {
+    JsonCursor json(R"({"a": [1, "x", 2], "b": true, "c": {"d": null}})");
+    QStringList seen;
+    json.eachMember([&](const QString& key) {
+        seen.append(key);
+        if (json.kind() != JsonCursor::Kind::Array) return json.skip();
+        json.eachElement([&] {
+            if (json.kind() == JsonCursor::Kind::Number) {
+                seen.append(QString::number(json.takeNumber()));
+            } else {
+                seen.append(json.takeString());
+            }
+        });
+    });
+    json.finish();
+    EXPECT_EQ(seen.join(u' '), QStringLiteral("a 1 x 2 b c"));
+}
+
+// Of lists only, since Qt's reader refuses plain values, and without decimal points and control
+// characters, which it takes in places where JSON has none.
+TEST(JsonCursor, AgreesWithQtOnRandomTexts) {
+    const QByteArrayList pieces = {"{", "}", "[", "]", ",", ":",    "\"a\"", "\"",      "\\n", "1",
+                                   "-", "e", "0", " ", "t", "true", "null",  "\\u00e9", "a"};
+    std::mt19937 random(20261121);  // NOLINT: the same texts in every run.
+    int sound = 0;
+    for (int round = 0; round < 200'000; ++round) {
+        QByteArray text = "[";
+        const unsigned length = random() % 9;
+        for (unsigned i = 0; i < length; ++i) {
+            text += pieces[static_cast<qsizetype>(random() % 19)];
+        }
+        text += "]";
+        QJsonParseError error;
+        QJsonDocument::fromJson(text, &error);
+        const bool isSound = error.error == QJsonParseError::NoError;
+        sound += isSound ? 1 : 0;
+        ASSERT_EQ(isJson(text), isSound) << text.toStdString();
+    }
+    EXPECT_GT(sound, 1'000);
+}
+
+TEST(IsoMoment, TakesOneFormOnly) {
+    const auto seconds = [](QStringView text) { return isoMoment(text)->toSecsSinceEpoch(); };
+    EXPECT_EQ(seconds(u"1970-01-01T00:00:00Z"), 0);
+    EXPECT_EQ(seconds(u"1970-01-01T00:00:01.999Z"), 1);
+    EXPECT_EQ(seconds(u"1970-01-01T09:00:00+09:00"), 0);
+    EXPECT_EQ(seconds(u"1969-12-31T19:00:00-05:00"), 0);
+    for (const QStringView text :
+         {u"", u"x", u"2021-03-04", u"2021-03-04T05:06:07", u"2021-03-04 05:06:07Z",
+          u"2021-03-04T05:06:07z", u"2021-03-04T05:06Z", u"2021-13-01T00:00:00Z",
+          u"2021-02-30T00:00:00Z", u"2021-03-04T24:00:00Z", u"2021-03-04T05:06:60Z",
+          u"2021-03-04T05:06:07+0900", u"2021-03-04T05:06:07+24:00", u"2021-03-04T05:06:07.Z",
+          u"2021-03-04T05:06:07Z ", u"0000-01-01T00:00:00Z", u"٢٠٢١-03-04T05:06:07Z"}) {
+        EXPECT_FALSE(isoMoment(text)) << text.toUtf8().toStdString();
+    }
+}
+
+}  // namespace
+}  // namespace diary
