@@ -270,7 +270,7 @@ std::optional<JournalContent> readJournal(QByteArrayView utf8, const QString& jo
 }
 
 // JSON may be UTF-16 as well, behind a mark.
-QByteArray asUtf8(QByteArray bytes) {
+QByteArray asUtf8(const QByteArray& bytes) {
     const bool isUtf16 = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
     return isUtf16 ? TextDecoding::decode(bytes).toUtf8() : bytes;
 }

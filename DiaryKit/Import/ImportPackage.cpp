@@ -86,7 +86,7 @@ QString ImportPackage::head(const QString& path, qsizetype bytes) const {
         if (const auto* const zip = std::get_if<Zip>(&m_storage)) {
             return TextDecoding::decode(zip->archive->prefix(entry(*zip, path), bytes));
         }
-        return TextDecoding::decode(headOfFile(*fileURL(path), bytes));
+        return TextDecoding::decode(headOfFile(pathOnDisk(path), bytes));
     } catch (const std::exception&) {
         return {};
     }
@@ -96,7 +96,7 @@ QByteArray ImportPackage::data(const QString& path) const {
     if (const auto* const zip = std::get_if<Zip>(&m_storage)) {
         return zip->archive->contents(entry(*zip, path));
     }
-    return atomicfile::read(*fileURL(path));
+    return atomicfile::read(pathOnDisk(path));
 }
 
 QString ImportPackage::text(const QString& path) const {
@@ -104,16 +104,18 @@ QString ImportPackage::text(const QString& path) const {
 }
 
 std::optional<QString> ImportPackage::fileURL(const QString& path) const {
-    if (const auto* const folder = std::get_if<Folder>(&m_storage)) {
-        return folder->path + u'/' + path;
-    }
-    if (const auto* const file = std::get_if<File>(&m_storage)) return file->path;
-    return std::nullopt;
+    if (isZip()) return std::nullopt;
+    return pathOnDisk(path);
+}
+
+QString ImportPackage::pathOnDisk(const QString& path) const {
+    const auto* const folder = std::get_if<Folder>(&m_storage);
+    return folder == nullptr ? m_url : folder->path + u'/' + path;
 }
 
 ImportPackage::LentFile ImportPackage::lend(const QString& path) const {
     const auto* const zip = std::get_if<Zip>(&m_storage);
-    if (zip == nullptr) return LentFile(*fileURL(path));
+    if (zip == nullptr) return LentFile(pathOnDisk(path));
     const QString name = nameForCopy(path);
     const QByteArray bytes = zip->archive->contents(entry(*zip, path));
     const QString folder = QDir::tempPath() + QStringLiteral("/VelmarImport-") +

@@ -102,6 +102,8 @@ private:
     void open();
     void openZip();
     [[nodiscard]] LentFile lend(const QString& path) const;
+    // The path on the disk, for all packages but zips.
+    [[nodiscard]] QString pathOnDisk(const QString& path) const;
     [[nodiscard]] const ZipArchive::Entry& entry(const Zip& zip, const QString& path) const;
 
     QString m_url;

@@ -87,7 +87,7 @@ std::optional<QTimeZone> ifValid(const QTimeZone& zone) {
 std::optional<QTimeZone> namedZone(QStringView name) {
     if (name.isEmpty()) return std::nullopt;
     if (isInZoneDatabase(name)) {
-        if (const auto zone = ifValid(QTimeZone(name.toLatin1()))) return zone;
+        if (auto zone = ifValid(QTimeZone(name.toLatin1()))) return zone;
     }
     for (const Abbreviation& abbreviation : kAbbreviations) {
         if (abbreviation.name == name) return ifValid(QTimeZone(abbreviation.identifier));

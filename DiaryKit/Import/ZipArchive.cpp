@@ -16,7 +16,7 @@ namespace diary {
 
 namespace {
 
-constexpr qint64 kMebibyte = 1024 * 1024;
+constexpr qint64 kMebibyte = qint64{1024} * 1024;
 
 // Smaller archives are read as a whole: a mapping would end the process if another program cut the
 // file short meanwhile.
@@ -109,7 +109,8 @@ QByteArray inflatedPrefix(QByteArrayView packed, quint64 size, qsizetype length)
     const quint64 kept = std::min(size, static_cast<quint64>(length));
     QByteArray bytes(static_cast<qsizetype>(kept), Qt::Uninitialized);
     inflater.fill(bytes.data(), kept);
-    std::vector<char> passed(std::min<quint64>(size - kept, 256 * 1024));
+    constexpr quint64 kPiece = quint64{256} * 1024;
+    std::vector<char> passed(std::min(size - kept, kPiece));
     for (quint64 left = size - kept; left > 0;) {
         const quint64 piece = std::min<quint64>(left, passed.size());
         inflater.fill(passed.data(), piece);

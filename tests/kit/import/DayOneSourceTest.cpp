@@ -1,7 +1,6 @@
 #include "DiaryKit/Import/DayOneSource.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QtCore/QRegularExpression>
 #include <ctime>
@@ -10,6 +9,7 @@
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 #include "DiaryKit/Import/ImportError.h"
+#include "tests/kit/import/PeakMemory.h"
 #include "tests/kit/import/TemporaryPackage.h"
 #include "tests/kit/import/ZipBuilder.h"
 
@@ -230,9 +230,7 @@ TEST_F(DayOneSourceTest, SurvivesArchivesThatUnpackToMillionsOfValues) {
     EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
     EXPECT_GT(batch.entries.size(), 400'000U);
     EXPECT_GT(batch.entries.back().tags.size(), 5'000'000);
-    struct rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    EXPECT_LT(usage.ru_maxrss, 512 * 1024);
+    EXPECT_LT(diary::testing::peakMemory(), diary::testing::kMostMemory);
 }
 
 TEST(DayOneText, LosesTheEscapesThatMarkdownDoesNotNeed) {

@@ -1,6 +1,5 @@
 // Archives that were made to hurt: each is refused or gives less, in bounded time and memory.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <ctime>
@@ -8,26 +7,20 @@
 
 #include "DiaryKit/Import/ImportError.h"
 #include "DiaryKit/Import/ImportPackage.h"
+#include "tests/kit/import/PeakMemory.h"
 #include "tests/kit/import/TemporaryPackage.h"
 #include "tests/kit/import/ZipBuilder.h"
 
 namespace diary {
 namespace {
 
+using diary::testing::kMebibyte;
+using diary::testing::kMostMemory;
+using diary::testing::peakMemory;
 using diary::testing::TemporaryPackage;
 using diary::testing::ZipBuilder;
 
-constexpr qint64 kMebibyte = 1024 * 1024;
-constexpr qint64 kMostMemory = 512 * kMebibyte;
 constexpr qint64 kMostSeconds = 10;
-
-// The peak of the resident memory so far, in bytes. It only grows, so a bound on it holds for all
-// that came before.
-qint64 peakMemory() {
-    struct rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss * 1024LL;
-}
 
 class HostileArchive : public ::testing::Test {
 protected:
