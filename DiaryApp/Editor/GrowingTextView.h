@@ -89,6 +89,8 @@ public:
     void undo();
     void redo();
 
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
     // The menu of the right mouse button; the caller owns it.
     [[nodiscard]] QMenu* makeContextMenu();
 
