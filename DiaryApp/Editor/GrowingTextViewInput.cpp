@@ -174,8 +174,8 @@ void GrowingTextView::inputMethodEvent(QInputMethodEvent* event) {
     if (onCaretMoved) onCaretMoved();
 }
 
-// Qt's own caret has no width here, and input methods take such a place for none: their window would
-// stand in a corner of the screen.
+// Qt's own caret has no width here, and input methods take such a place for none: their window
+// would stand in a corner of the screen.
 QVariant GrowingTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
     if (query == Qt::ImCursorRectangle) return QRectF(caretRect());
     return QTextEdit::inputMethodQuery(query);
