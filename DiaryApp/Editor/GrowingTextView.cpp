@@ -14,6 +14,7 @@
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
+#include "DiaryKit/Markdown/MarkdownLine.h"
 
 namespace velmar {
 
@@ -26,6 +27,7 @@ constexpr double kDefaultSize = 16.5;
 constexpr int kLeastHeight = 76;
 constexpr int kRoomBelow = 4;
 constexpr int kCaretWidth = 2;
+constexpr int kCheckMilliseconds = 100;
 
 // What lies between all that both texts begin with and all that they end with.
 DraftText::Edit editBetween(QStringView before, QStringView after) {
@@ -71,6 +73,9 @@ GrowingTextView::GrowingTextView(QWidget* parent)
     setCursorWidth(0);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
+    m_check.setStartValue(0.0);
+    m_check.setEndValue(1.0);
+    m_check.setDuration(kCheckMilliseconds);
     connectDocument();
     load(QString());
 }
@@ -238,7 +243,12 @@ diary::MarkdownContext GrowingTextView::context() const {
 }
 
 void GrowingTextView::perform(FormatCommand command) {
-    if (canFormat()) applyIfAny(formatChange(command, draft(), selection()));
+    if (!canFormat()) return;
+    const bool isChange = applyIfAny(formatChange(command, draft(), selection()));
+    if (isChange && command == FormatCommand::ToggleTask) {
+        const auto line = diary::markdownLineRange(draft(), selection().location);
+        drawCheck(static_cast<int>(line.location));
+    }
 }
 
 void GrowingTextView::command(QStringView name) {
@@ -290,9 +300,24 @@ void GrowingTextView::selectRange(TextRange range) {
 
 void GrowingTextView::setMatches(std::vector<TextRange> ranges, int current) {
     for (TextRange& range : ranges) range = clamped(range);
-    const bool animates =
-        isVisible() && style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
-    m_marks.set(std::move(ranges), current, animates);
+    m_marks.set(std::move(ranges), current, isAnimated());
+}
+
+bool GrowingTextView::isAnimated() const {
+    return isVisible() && style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+}
+
+// The mark of a task that has just been checked is drawn from left to right.
+void GrowingTextView::drawCheck(int position) {
+    if (!isAnimated()) return;
+    m_check.stop();
+    m_check.disconnect(this);
+    connect(&m_check, &QVariantAnimation::valueChanged, this, [this, position](const QVariant& at) {
+        m_layout->setFreshCheck(position, at.toDouble());
+        viewport()->update();
+    });
+    m_layout->setFreshCheck(position, 0);
+    m_check.start();
 }
 
 QRect GrowingTextView::matchRect(int index) const {
@@ -363,7 +388,7 @@ QRect GrowingTextView::caretRect() const {
     const QTextCursor caret = textCursor();
     const int last = qMax(0, caret.block().length() - 2);
     const FontFace& face = m_style.face(fontAt(caret.block(), qMin(caret.positionInBlock(), last)));
-    const int height = face.ascent + face.descent + 2;
+    const int height = face.height + 2;
     const int baseline = rhythmBaseline(lineHeight(), face.ascent, face.descent);
     const double middle = row * lineHeight() + baseline - (face.ascent - face.descent) / 2.0;
     return {qRound(line.left()) - 1, qRound(middle - height / 2.0), kCaretWidth, height};

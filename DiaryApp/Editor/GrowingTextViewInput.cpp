@@ -197,6 +197,7 @@ bool GrowingTextView::toggleTaskAt(const QMouseEvent& event) {
         // The caret stays in its line, and two lines may be in one state.
         setAccessibleDescription(QString());
         setAccessibleDescription(spokenState(*task));
+        drawCheck(*task);
     }
     return task.has_value();
 }
