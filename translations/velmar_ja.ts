@@ -1050,7 +1050,7 @@
     <message id="Settings.InAndOut">
         <source></source>
         <extracomment>Section: import and export.</extracomment>
-        <translation>データの出し入れ</translation>
+        <translation>出し入れ</translation>
     </message>
     <message id="Settings.Import">
         <source></source>

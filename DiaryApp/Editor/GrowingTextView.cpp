@@ -3,17 +3,14 @@
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
-#include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
-#include <QtWidgets/QStyle>
 #include <algorithm>
-#include <cmath>
 
 #include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Fonts.h"
-#include "DiaryApp/Appearance/TextPainter.h"
 #include "DiaryApp/Appearance/Theme.h"
+#include "DiaryKit/Markdown/MarkdownLine.h"
 
 namespace velmar {
 
@@ -23,9 +20,7 @@ using diary::TextRange;
 namespace {
 
 constexpr double kDefaultSize = 16.5;
-constexpr int kLeastHeight = 76;
-constexpr int kRoomBelow = 4;
-constexpr int kCaretWidth = 2;
+constexpr int kCheckMilliseconds = 100;
 
 // What lies between all that both texts begin with and all that they end with.
 DraftText::Edit editBetween(QStringView before, QStringView after) {
@@ -71,6 +66,9 @@ GrowingTextView::GrowingTextView(QWidget* parent)
     setCursorWidth(0);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
+    m_check.setStartValue(0.0);
+    m_check.setEndValue(1.0);
+    m_check.setDuration(kCheckMilliseconds);
     connectDocument();
     load(QString());
 }
@@ -238,7 +236,12 @@ diary::MarkdownContext GrowingTextView::context() const {
 }
 
 void GrowingTextView::perform(FormatCommand command) {
-    if (canFormat()) applyIfAny(formatChange(command, draft(), selection()));
+    if (!canFormat()) return;
+    const bool isChange = applyIfAny(formatChange(command, draft(), selection()));
+    if (isChange && command == FormatCommand::ToggleTask) {
+        const auto line = diary::markdownLineRange(draft(), selection().location);
+        drawCheck(static_cast<int>(line.location));
+    }
 }
 
 void GrowingTextView::command(QStringView name) {
@@ -286,19 +289,6 @@ void GrowingTextView::selectRange(TextRange range) {
     cursor.setPosition(static_cast<int>(inside.location));
     cursor.setPosition(static_cast<int>(inside.end()), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
-}
-
-void GrowingTextView::setMatches(std::vector<TextRange> ranges, int current) {
-    for (TextRange& range : ranges) range = clamped(range);
-    const bool animates =
-        isVisible() && style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
-    m_marks.set(std::move(ranges), current, animates);
-}
-
-QRect GrowingTextView::matchRect(int index) const {
-    const auto range = m_marks.range(index);
-    if (range) m_styling.settleTo(static_cast<int>(range->end()));
-    return range ? m_layout->markRect(*range).toAlignedRect() : QRect();
 }
 
 // A document that counts as unmodified merges the next edit into no earlier one.
@@ -349,54 +339,6 @@ std::optional<int> GrowingTextView::caretOutsideHiddenMarker(const QTextCursor& 
     // Whoever stood at the text's start is moving left, out of the line.
     const bool comesFromText = m_lastSelection == TextRange{end, 0};
     return comesFromText && start > 0 ? start - 1 : end;
-}
-
-int GrowingTextView::textHeight() const {
-    const int height = static_cast<int>(std::ceil(m_layout->documentSize().height())) + kRoomBelow;
-    return isReadOnly() ? height : qMax(kLeastHeight, height);
-}
-
-QRect GrowingTextView::caretRect() const {
-    // Qt's rectangle has the right x and row, with composed text too, but not the right height.
-    const QRectF line(cursorRect());
-    const int row = static_cast<int>(std::floor(line.center().y() / lineHeight()));
-    const QTextCursor caret = textCursor();
-    const int last = qMax(0, caret.block().length() - 2);
-    const FontFace& face = m_style.face(fontAt(caret.block(), qMin(caret.positionInBlock(), last)));
-    const int height = face.ascent + face.descent + 2;
-    const int baseline = rhythmBaseline(lineHeight(), face.ascent, face.descent);
-    const double middle = row * lineHeight() + baseline - (face.ascent - face.descent) / 2.0;
-    return {qRound(line.left()) - 1, qRound(middle - height / 2.0), kCaretWidth, height};
-}
-
-void GrowingTextView::paintEvent(QPaintEvent* event) {
-    const QScopedValueRollback<bool> isPainting(m_isPainting, true);
-    while (m_styling.settleTo(m_layout->positionAt(event->rect().bottom()))) continue;
-    QTextEdit::paintEvent(event);
-    QPainter painter(viewport());
-    paintPlaceholder(painter);
-    paintCaret(painter);
-}
-
-// Whole rows, so that what touches the caret is painted with it.
-void GrowingTextView::repaintCaret() {
-    viewport()->update(m_caretRow);
-    const QRect caret = caretRect();
-    m_caretRow = {0, caret.top() - 2, viewport()->width(), caret.height() + 4};
-    viewport()->update(m_caretRow);
-}
-
-void GrowingTextView::paintCaret(QPainter& painter) const {
-    if (!m_blink.isLit() || isReadOnly() || m_isInert || textCursor().hasSelection()) return;
-    painter.fillRect(caretRect(), theme::color(Token::Accent));
-}
-
-void GrowingTextView::paintPlaceholder(QPainter& painter) const {
-    if (!m_draft.text().isEmpty() || isComposing()) return;
-    const int left = markRoom + gutter;
-    const QRectF line(left, 0, viewport()->width() - left - gutter, lineHeight());
-    paintLine(painter, line, m_placeholder,
-              {m_style.body().font, double(lineHeight()), Token::Placeholder});
 }
 
 }  // namespace velmar

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QtCore/QBasicTimer>
+#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QTextEdit>
 #include <functional>
 
@@ -89,6 +90,8 @@ public:
     void undo();
     void redo();
 
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
     // The menu of the right mouse button; the caller owns it.
     [[nodiscard]] QMenu* makeContextMenu();
 
@@ -145,6 +148,8 @@ private:
 
     [[nodiscard]] QString spokenState(int position) const;
     void describeLine();
+    void drawCheck(int position);
+    [[nodiscard]] bool isAnimated() const;
     [[nodiscard]] std::optional<int> taskAt(const QPoint& point) const;
     bool toggleTaskAt(const QMouseEvent& event);
     void repaintCaret();
@@ -158,6 +163,7 @@ private:
     // Looking at a place brings it up to date.
     mutable IdleStyling m_styling;
     CaretBlink m_blink;
+    QVariantAnimation m_check;
     MatchMarks m_marks;
     // Repeats the last move of a drag while the mouse is held outside of the visible page.
     QBasicTimer m_dragTimer;

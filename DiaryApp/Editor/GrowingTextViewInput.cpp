@@ -174,6 +174,13 @@ void GrowingTextView::inputMethodEvent(QInputMethodEvent* event) {
     if (onCaretMoved) onCaretMoved();
 }
 
+// Qt's own caret has no width here, and input methods take such a place for none: their window
+// would stand in a corner of the screen.
+QVariant GrowingTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    if (query == Qt::ImCursorRectangle) return QRectF(caretRect());
+    return QTextEdit::inputMethodQuery(query);
+}
+
 std::optional<int> GrowingTextView::taskAt(const QPoint& point) const {
     if (isReadOnly() || isComposing()) return std::nullopt;
     for (const TaskBox& box : m_layout->taskBoxes(QRectF(point, QSizeF(1, 1)))) {
@@ -190,6 +197,7 @@ bool GrowingTextView::toggleTaskAt(const QMouseEvent& event) {
         // The caret stays in its line, and two lines may be in one state.
         setAccessibleDescription(QString());
         setAccessibleDescription(spokenState(*task));
+        drawCheck(*task);
     }
     return task.has_value();
 }

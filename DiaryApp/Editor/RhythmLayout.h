@@ -36,6 +36,15 @@ public:
     // Whether draw() shows the caret that it is asked for, which is where dragged text would fall.
     // The view draws the caret of typing.
     void setShowsDropCaret(bool shows) { m_showsDropCaret = shows; }
+    // How much is drawn of the mark of the task whose line begins at this position: from 0, where
+    // it has just been checked, to 1. Of all others it is drawn as a whole.
+    void setFreshCheck(int position, double share) {
+        m_freshCheck = position;
+        m_freshShare = share;
+    }
+    [[nodiscard]] double checkShare(int position) const {
+        return position == m_freshCheck ? m_freshShare : 1;
+    }
     // What draw() marks; must outlive the layout. The caller repaints when it changes.
     void setMarks(const MatchMarks* marks) { m_marks = marks; }
 
@@ -74,6 +83,8 @@ private:
     double m_laidOutWidth = 0;
     int m_laidOutLineHeight = 0;
     QSizeF m_announced;
+    int m_freshCheck = -1;
+    double m_freshShare = 1;
     bool m_showsDropCaret = false;
 };
 

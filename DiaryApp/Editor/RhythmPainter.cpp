@@ -95,6 +95,19 @@ int shownEnd(const QTextBlock& block, int offset) {
     return offset <= layout->preeditAreaPosition() ? offset : offset + composed;
 }
 
+// This much of the mark, from the left, in a box of 16 sides.
+QPainterPath checkMark(const QPointF& origin, double side, double share) {
+    const QLineF down(QPointF(4.2, 8.4), QPointF(6.9, 11.1));
+    const QLineF up(down.p2(), QPointF(11.8, 5.2));
+    const double drawn = share * (down.length() + up.length());
+    QPainterPath check(origin + down.p1() * side);
+    check.lineTo(origin + down.pointAt(qMin(1.0, drawn / down.length())) * side);
+    if (drawn > down.length()) {
+        check.lineTo(origin + up.pointAt((drawn - down.length()) / up.length()) * side);
+    }
+    return check;
+}
+
 }  // namespace
 
 RhythmPainter::RhythmPainter(QPainter& painter, const RhythmLayout& layout,
@@ -288,7 +301,8 @@ void RhythmPainter::drawDecoration(const QTextBlock& block, const MarkdownDecora
             return drawText(m_style.markFont(), sub, x, row,
                             QString::number(decoration.value) + QLatin1Char('.'));
         case Kind::task:
-            return drawBox(taskBox(decoration, row, m_style), decoration.value != 0);
+            return drawBox(taskBox(decoration, row, m_style), decoration.value != 0,
+                           m_layout.checkShare(block.position() + static_cast<int>(decoration.at)));
         case Kind::quote:
             return drawQuote(block, decoration);
         case Kind::rule:
@@ -326,7 +340,7 @@ void RhythmPainter::drawPill(const QTextBlock& block, int offset, int year, cons
              text);
 }
 
-void RhythmPainter::drawBox(const QRect& box, bool isChecked) {
+void RhythmPainter::drawBox(const QRect& box, bool isChecked, double share) {
     const QRectF rect(box);
     m_painter.save();
     m_painter.setRenderHint(QPainter::Antialiasing);
@@ -337,9 +351,7 @@ void RhythmPainter::drawBox(const QRect& box, bool isChecked) {
                               kBoxRadius - inset);
     if (isChecked) {
         const double side = rect.width() / 16;
-        QPainterPath check(rect.topLeft() + QPointF(4.2, 8.4) * side);
-        check.lineTo(rect.topLeft() + QPointF(6.9, 11.1) * side);
-        check.lineTo(rect.topLeft() + QPointF(11.8, 5.2) * side);
+        const QPainterPath check = checkMark(rect.topLeft(), side, share);
         m_painter.setPen(QPen(theme::color(Token::Paper), kCheckLine * side, Qt::SolidLine,
                               Qt::RoundCap, Qt::RoundJoin));
         m_painter.setBrush(Qt::NoBrush);

@@ -50,7 +50,7 @@ private:
     void drawHeading(const QTextBlock& block, const diary::MarkdownDecoration& heading,
                      const QRectF& row);
     void drawPill(const QTextBlock& block, int offset, int year, const QRectF& row);
-    void drawBox(const QRect& box, bool isChecked);
+    void drawBox(const QRect& box, bool isChecked, double share);
     void drawQuote(const QTextBlock& block, const diary::MarkdownDecoration& quote);
     void drawRule(const QRectF& row);
     void drawText(const QFont& font, const QColor& color, double x, const QRectF& row,

@@ -49,6 +49,7 @@ FontFace::FontFace(const QFont& made) : font(made) {
     const QFontMetricsF metrics(font);
     ascent = qRound(metrics.ascent());
     descent = qRound(metrics.descent());
+    height = static_cast<int>(std::ceil(metrics.ascent() + metrics.descent()));
 }
 
 QStringList codeFamilies(const std::function<bool(const QString&)>& isThere) {

@@ -17,6 +17,8 @@ struct FontFace {
     QFont font;
     int ascent = 0;
     int descent = 0;
+    // Both together, rounded up.
+    int height = 0;
 
     FontFace() = default;
     explicit FontFace(const QFont& font);

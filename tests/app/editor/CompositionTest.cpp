@@ -130,6 +130,13 @@ TEST_F(CompositionTest, TheInputMethodKnowsTheTextAndTheCaretsPlace) {
     EXPECT_EQ(caret.center().y() / 34, 1);
     EXPECT_EQ(editor.caretRect().center().y() / 34, 1);
     EXPECT_NEAR(editor.caretRect().left(), x(1, 7), 2);
+    // An input method asks for the place of its window by an event, and takes one without a width
+    // for none.
+    QInputMethodQueryEvent asked(Qt::ImCursorRectangle);
+    QCoreApplication::sendEvent(&editor, &asked);
+    const QRect told = asked.value(Qt::ImCursorRectangle).toRectF().toRect();
+    EXPECT_TRUE(told.isValid());
+    EXPECT_EQ(told, editor.caretRect());
 }
 
 TEST_F(CompositionTest, UndoDropsWhatIsComposed) {

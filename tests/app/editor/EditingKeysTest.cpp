@@ -66,6 +66,12 @@ TEST_F(EditingKeysTest, ARewrittenMarkerIsUndoneToWhatWasTyped) {
     EXPECT_EQ(editor.draft(), QStringLiteral("——"));
 }
 
+TEST_F(EditingKeysTest, AMarkerTypedAsItIsMakesNoStepOfItsOwn) {
+    load(QStringLiteral("|"));
+    keys("- one");
+    EXPECT_EQ(undoAll(), QStringList{QString()});
+}
+
 TEST_F(EditingKeysTest, TypingIsUndoneSentenceBySentence) {
     load(QStringLiteral("|"));
     keys("One two. Three four! Five");

@@ -176,6 +176,28 @@ TEST_F(PaintingTest, EveryPixelThatChangesIsRepainted) {
     expectRepainted("none again", [&] { press(Qt::Key_Backspace); });
 }
 
+TEST_F(PaintingTest, TheMarkOfATaskIsDrawnWhenItIsChecked) {
+    load(QStringLiteral("- [ ] a|\n- [x] b"));
+    const auto inked = [this](int number) {
+        const QImage image = picture();
+        const QRgb ground = theme::color(Token::Accent).rgb();
+        int count = 0;
+        for (int y = 3; y < 13; ++y) {
+            for (int at = 3; at < 13; ++at) {
+                const QPoint pixel(kEdge + at, number * kLine + 9 + y);
+                count += image.pixel(pixel) != ground ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    const int whole = inked(1);
+    ASSERT_GT(whole, 10);
+    editor.command(u"check");
+    EXPECT_LT(inked(0), whole);
+    EXPECT_EQ(inked(1), whole);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return inked(0) == whole; }));
+}
+
 TEST_F(PaintingTest, BulletsAlternateByLevel) {
     // A hollow bullet has a blank middle; both are small and stand left of the text.
     editor.load(QStringLiteral("- a\n  - b\n    - c"));
