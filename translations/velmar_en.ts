@@ -750,7 +750,7 @@
     </message>
     <message id="SearchNoResultsHint">
         <source></source>
-        <translation>Try fewer words, or look in every year.</translation>
+        <translation>Try fewer words, or other ones.</translation>
     </message>
     <message id="SearchScopeBackToAll">
         <source></source>

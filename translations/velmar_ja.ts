@@ -732,7 +732,7 @@
     </message>
     <message id="SearchNoResultsHint">
         <source></source>
-        <translation>語を減らすか、すべての年から探してみてください。</translation>
+        <translation>語を減らすか、別の語で探してみてください。</translation>
     </message>
     <message id="SearchScopeBackToAll">
         <source></source>

@@ -732,7 +732,7 @@
     </message>
     <message id="SearchNoResultsHint">
         <source></source>
-        <translation>试试少用几个词，或在所有年份里找。</translation>
+        <translation>试试少用几个词，或换一个词。</translation>
     </message>
     <message id="SearchScopeBackToAll">
         <source></source>

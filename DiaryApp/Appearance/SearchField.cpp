@@ -1,8 +1,12 @@
 #include "DiaryApp/Appearance/SearchField.h"
 
+#include <QtGui/QClipboard>
+#include <QtGui/QContextMenuEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QMenu>
 
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
@@ -96,6 +100,26 @@ bool SearchField::event(QEvent* event) {
 void SearchField::resizeEvent(QResizeEvent* event) {
     QLineEdit::resizeEvent(event);
     m_clear->move(width() - boxMargin - kClearRight - kClearSize, (height() - kClearSize) / 2);
+}
+
+// Qt's own menu is in English, whatever the language of the interface.
+void SearchField::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString& text, bool isOn, auto act) {
+        QAction* item = menu->addAction(text);
+        item->setEnabled(isOn);
+        connect(item, &QAction::triggered, this, act);
+    };
+    add(qtTrId("Undo"), isUndoAvailable(), [this] { undo(); });
+    add(qtTrId("Redo"), isRedoAvailable(), [this] { redo(); });
+    menu->addSeparator();
+    add(qtTrId("Cut"), hasSelectedText(), [this] { cut(); });
+    add(qtTrId("Copy"), hasSelectedText(), [this] { copy(); });
+    add(qtTrId("Paste"), !QGuiApplication::clipboard()->text().isEmpty(), [this] { paste(); });
+    menu->addSeparator();
+    add(qtTrId("Select All"), !text().isEmpty(), [this] { selectAll(); });
+    menu->popup(event->globalPos());
 }
 
 void SearchField::inputMethodEvent(QInputMethodEvent* event) {

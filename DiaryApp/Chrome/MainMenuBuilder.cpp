@@ -21,7 +21,7 @@ QString title(const char* key) {
 
 QList<QKeySequence> sequences(const MenuRow& row) {
     QList<QKeySequence> keys;
-    for (const MenuKey& key : row.keys) keys.append(QKeySequence(key.keys));
+    for (const QKeyCombination key : row.keys) keys.append(QKeySequence(key));
     return keys;
 }
 
@@ -54,6 +54,8 @@ QMenuBar* MainMenuBuilder::build(QWidget* window, const Dispatch& dispatch) {
         QAction* item = menu->addAction(QString());
         item->setProperty(kRowProperty, static_cast<int>(i));
         item->setShortcuts(sequences(row));
+        // The other windows have no menu of their own, and are no reason to stay.
+        if (row.action == Action::Quit) item->setShortcutContext(Qt::ApplicationShortcut);
         QObject::connect(item, &QAction::triggered, bar,
                          [dispatch, action = row.action] { dispatch(action); });
         if (row.hasSeparatorBehind) menu->addSeparator();

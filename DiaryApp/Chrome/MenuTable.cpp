@@ -8,51 +8,52 @@ namespace velmar {
 
 namespace {
 
-constexpr std::array kSettings = {MenuKey{Qt::CTRL | Qt::Key_Comma}};
-constexpr std::array kHide = {MenuKey{Qt::CTRL | Qt::Key_H}};
-constexpr std::array kQuit = {MenuKey{Qt::CTRL | Qt::Key_Q}};
-constexpr std::array kClose = {MenuKey{Qt::CTRL | Qt::Key_W}};
-constexpr std::array kSave = {MenuKey{Qt::CTRL | Qt::Key_S}};
-constexpr std::array kImport = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_I}};
-constexpr std::array kExport = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_E}};
-constexpr std::array kUndo = {MenuKey{Qt::CTRL | Qt::Key_Z}};
-constexpr std::array kRedo = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_Z}};
-constexpr std::array kCut = {MenuKey{Qt::CTRL | Qt::Key_X}};
-constexpr std::array kCopy = {MenuKey{Qt::CTRL | Qt::Key_C}};
-constexpr std::array kPaste = {MenuKey{Qt::CTRL | Qt::Key_V}};
-constexpr std::array kSelectAll = {MenuKey{Qt::CTRL | Qt::Key_A}};
-constexpr std::array kFind = {MenuKey{Qt::CTRL | Qt::Key_F}};
+constexpr std::array kSettings = {QKeyCombination(Qt::CTRL | Qt::Key_Comma)};
+constexpr std::array kHide = {QKeyCombination(Qt::CTRL | Qt::Key_H)};
+constexpr std::array kQuit = {QKeyCombination(Qt::CTRL | Qt::Key_Q)};
+constexpr std::array kClose = {QKeyCombination(Qt::CTRL | Qt::Key_W)};
+constexpr std::array kSave = {QKeyCombination(Qt::CTRL | Qt::Key_S)};
+constexpr std::array kImport = {QKeyCombination(Qt::CTRL | Qt::SHIFT | Qt::Key_I)};
+constexpr std::array kExport = {QKeyCombination(Qt::CTRL | Qt::SHIFT | Qt::Key_E)};
+constexpr std::array kUndo = {QKeyCombination(Qt::CTRL | Qt::Key_Z)};
+constexpr std::array kRedo = {QKeyCombination(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)};
+constexpr std::array kCut = {QKeyCombination(Qt::CTRL | Qt::Key_X)};
+constexpr std::array kCopy = {QKeyCombination(Qt::CTRL | Qt::Key_C)};
+constexpr std::array kPaste = {QKeyCombination(Qt::CTRL | Qt::Key_V)};
+constexpr std::array kSelectAll = {QKeyCombination(Qt::CTRL | Qt::Key_A)};
+constexpr std::array kFind = {QKeyCombination(Qt::CTRL | Qt::Key_F)};
 // F3 is what a hand on another application expects.
-constexpr std::array kFindNext = {MenuKey{Qt::CTRL | Qt::Key_G}, MenuKey{Qt::Key_F3}};
-constexpr std::array kFindPrevious = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_G},
-                                      MenuKey{Qt::SHIFT | Qt::Key_F3}};
-constexpr std::array kBold = {MenuKey{Qt::CTRL | Qt::Key_B}};
-constexpr std::array kItalic = {MenuKey{Qt::CTRL | Qt::Key_I}};
-constexpr std::array kStrikethrough = {MenuKey{Qt::CTRL | Qt::SHIFT | Qt::Key_X}};
-constexpr std::array kInlineCode = {MenuKey{Qt::CTRL | Qt::Key_E}};
-constexpr std::array kLink = {MenuKey{Qt::CTRL | Qt::Key_K}};
-constexpr std::array kHeading1 = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_1}};
-constexpr std::array kHeading2 = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_2}};
-constexpr std::array kHeading3 = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_3}};
-constexpr std::array kBodyText = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_0}};
-constexpr std::array kBulletedList = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_U}};
-constexpr std::array kNumberedList = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_O}};
-constexpr std::array kToDo = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_X}};
-constexpr std::array kQuote = {MenuKey{Qt::CTRL | Qt::ALT | Qt::Key_Q}};
-constexpr std::array kCheckToDo = {MenuKey{Qt::CTRL | Qt::Key_Return}};
-constexpr std::array kIndent = {MenuKey{Qt::CTRL | Qt::Key_BracketRight}};
-constexpr std::array kOutdent = {MenuKey{Qt::CTRL | Qt::Key_BracketLeft}};
-constexpr std::array kOneYear = {MenuKey{Qt::CTRL | Qt::Key_1}};
-constexpr std::array kAllYears = {MenuKey{Qt::CTRL | Qt::Key_2}};
-constexpr std::array kToggleSource = {MenuKey{Qt::CTRL | Qt::Key_U}};
-constexpr std::array kPrevious = {MenuKey{Qt::ALT | Qt::Key_Left},
-                                  MenuKey{Qt::CTRL | Qt::Key_Left, KeyReach::OutsideText}};
-constexpr std::array kNext = {MenuKey{Qt::ALT | Qt::Key_Right},
-                              MenuKey{Qt::CTRL | Qt::Key_Right, KeyReach::OutsideText}};
-constexpr std::array kToday = {MenuKey{Qt::CTRL | Qt::Key_T}};
-constexpr std::array kRandom = {MenuKey{Qt::CTRL | Qt::Key_R}};
-constexpr std::array kYearCalendar = {MenuKey{Qt::CTRL | Qt::Key_Y}};
-constexpr std::array kMinimize = {MenuKey{Qt::CTRL | Qt::Key_M}};
+constexpr std::array kFindNext = {QKeyCombination(Qt::CTRL | Qt::Key_G),
+                                  QKeyCombination(Qt::Key_F3)};
+constexpr std::array kFindPrevious = {QKeyCombination(Qt::CTRL | Qt::SHIFT | Qt::Key_G),
+                                      QKeyCombination(Qt::SHIFT | Qt::Key_F3)};
+constexpr std::array kBold = {QKeyCombination(Qt::CTRL | Qt::Key_B)};
+constexpr std::array kItalic = {QKeyCombination(Qt::CTRL | Qt::Key_I)};
+constexpr std::array kStrikethrough = {QKeyCombination(Qt::CTRL | Qt::SHIFT | Qt::Key_X)};
+constexpr std::array kInlineCode = {QKeyCombination(Qt::CTRL | Qt::Key_E)};
+constexpr std::array kLink = {QKeyCombination(Qt::CTRL | Qt::Key_K)};
+constexpr std::array kHeading1 = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_1)};
+constexpr std::array kHeading2 = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_2)};
+constexpr std::array kHeading3 = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_3)};
+constexpr std::array kBodyText = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_0)};
+constexpr std::array kBulletedList = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_U)};
+constexpr std::array kNumberedList = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_O)};
+constexpr std::array kToDo = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_X)};
+constexpr std::array kQuote = {QKeyCombination(Qt::CTRL | Qt::ALT | Qt::Key_Q)};
+constexpr std::array kCheckToDo = {QKeyCombination(Qt::CTRL | Qt::Key_Return)};
+constexpr std::array kIndent = {QKeyCombination(Qt::CTRL | Qt::Key_BracketRight)};
+constexpr std::array kOutdent = {QKeyCombination(Qt::CTRL | Qt::Key_BracketLeft)};
+constexpr std::array kOneYear = {QKeyCombination(Qt::CTRL | Qt::Key_1)};
+constexpr std::array kAllYears = {QKeyCombination(Qt::CTRL | Qt::Key_2)};
+constexpr std::array kToggleSource = {QKeyCombination(Qt::CTRL | Qt::Key_U)};
+constexpr std::array kPrevious = {QKeyCombination(Qt::ALT | Qt::Key_Left),
+                                  QKeyCombination(Qt::CTRL | Qt::Key_Left)};
+constexpr std::array kNext = {QKeyCombination(Qt::ALT | Qt::Key_Right),
+                              QKeyCombination(Qt::CTRL | Qt::Key_Right)};
+constexpr std::array kToday = {QKeyCombination(Qt::CTRL | Qt::Key_T)};
+constexpr std::array kRandom = {QKeyCombination(Qt::CTRL | Qt::Key_R)};
+constexpr std::array kYearCalendar = {QKeyCombination(Qt::CTRL | Qt::Key_Y)};
+constexpr std::array kMinimize = {QKeyCombination(Qt::CTRL | Qt::Key_M)};
 
 constexpr bool kSeparator = true;
 

@@ -57,25 +57,14 @@ enum class Action {
     Zoom,
 };
 
-// Whether a key works while a text field has the focus.
-enum class KeyReach {
-    Everywhere,
-    // A text field keeps the key for itself, as it does Ctrl+Left, which moves by words.
-    OutsideText,
-};
-
-struct MenuKey {
-    QKeyCombination keys;
-    KeyReach reach = KeyReach::Everywhere;
-};
-
 struct MenuRow {
     Menu menu;
     // Key of the text.
     const char* title;
     Action action;
-    // The first one is shown behind the title.
-    std::span<const MenuKey> keys;
+    // The first one is shown behind the title. A text field keeps for itself what it uses, such as
+    // Ctrl+Left, which moves by words.
+    std::span<const QKeyCombination> keys;
     bool hasSeparatorBehind = false;
 };
 

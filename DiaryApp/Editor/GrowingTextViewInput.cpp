@@ -41,6 +41,11 @@ bool endsSentence(QStringView text) {
     return !text.isEmpty() && (narrow.contains(text.back()) || wide.contains(text.back()));
 }
 
+bool isCaretKey(int key) {
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_Left ||
+           key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
 }  // namespace
 
 void GrowingTextView::keyPressEvent(QKeyEvent* event) {
@@ -55,6 +60,8 @@ void GrowingTextView::keyPressEvent(QKeyEvent* event) {
     if (isHome) m_lastSelection.reset();
     if (!isReadOnly()) breakUndoAtSentence(event->text());
     QTextEdit::keyPressEvent(event);
+    // The page may have been scrolled away from a caret that can't go further.
+    if (isCaretKey(event->key()) && onCaretMoved) onCaretMoved();
 }
 
 // True if the key has been dealt with.
@@ -105,7 +112,13 @@ void GrowingTextView::pressReturn() {
 }
 
 bool GrowingTextView::pressTab() {
-    return canFormat() && applyIfAny(editing::indent(draft(), selection()));
+    if (!canFormat()) return false;
+    if (applyIfAny(editing::indent(draft(), selection()))) return true;
+    // A step of its own: undo takes the tab back, and not the words before it.
+    breakUndo();
+    textCursor().insertText(QStringLiteral("\t"));
+    breakUndo();
+    return true;
 }
 
 bool GrowingTextView::pressBacktab() {

@@ -165,6 +165,9 @@ void EntryView::selectAll() {
 void EntryView::setHighlights(const std::vector<diary::TextRange>& ranges, int current,
                               Scroll scroll) {
     m_oneYear->setMatches(ranges, current);
+    const bool hasPill = showsEditor() && !ranges.empty();
+    showMatches(hasPill ? std::optional(Matches{static_cast<int>(ranges.size()), current})
+                        : std::nullopt);
     if (scroll == Scroll::ToMatch && showsEditor()) m_oneYear->glideToMatch(current);
 }
 
@@ -174,6 +177,7 @@ void EntryView::setYearHighlights(const std::map<int, std::vector<diary::TextRan
 
 void EntryView::clearHighlights() {
     m_oneYear->setMatches({}, -1);
+    showMatches(std::nullopt);
     setYearHighlights({});
 }
 

@@ -86,15 +86,15 @@ void RailCard::paintHead(QPainter& painter, const QRectF& inner) const {
 
 void RailCard::paintFoot(QPainter& painter, const QRectF& inner) const {
     const QRectF line(inner.left(), inner.top() + kFootTop, inner.width(), kCaptionLine);
-    paintLine(
-        painter, line, m_card.ago,
-        {fonts::mono(11), kCaptionLine, m_card.isActive ? Token::ChromeText : Token::AgoText});
-    if (!m_card.hits) return;
+    const TextLook ago = {fonts::mono(11), kCaptionLine,
+                          m_card.isActive ? Token::ChromeText : Token::AgoText};
+    if (!m_card.hits) return paintLine(painter, line, m_card.ago, ago);
     const TextLook look = {fonts::mono(10.5, QFont::Medium), kBadgeHeight, Token::AccentDeep};
     const double width = QFontMetricsF(look.font).horizontalAdvance(*m_card.hits);
     const QRectF badge(line.right() - width - 2 * kBadgePadding,
                        line.center().y() - kBadgeHeight / 2, width + 2 * kBadgePadding,
                        kBadgeHeight);
+    paintLine(painter, line.adjusted(0, 0, -badge.width() - kBadgePadding, 0), m_card.ago, ago);
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme::color(Token::AccentSoft));
     painter.drawRoundedRect(badge, kBadgeHeight / 2, kBadgeHeight / 2);

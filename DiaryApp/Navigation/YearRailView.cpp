@@ -71,6 +71,18 @@ void YearRailView::update(const RailModel& model) {
         QWidget::update();
     }
     place();
+    showActiveCard(model);
+}
+
+// Once, when another card becomes the active one: what the user scrolls to afterwards stays.
+void YearRailView::showActiveCard(const RailModel& model) {
+    const auto active = std::ranges::find_if(model.cards, &Card::isActive);
+    const int index =
+        active == model.cards.end() ? -1 : static_cast<int>(active - model.cards.begin());
+    const int year = index < 0 ? 0 : active->year;
+    if (std::exchange(m_activeYear, year) == year || index < 0) return;
+    // The footer lies over the lower end of the area.
+    m_area->ensureWidgetVisible(m_cards[static_cast<std::size_t>(index)], 0, kFootHeight + kCardGap);
 }
 
 void YearRailView::arrangeCards(const RailModel& model) {
@@ -110,6 +122,7 @@ RailCard* YearRailView::takeCard(int year) {
 }
 
 void YearRailView::scrollToTop() {
+    m_activeYear = 0;
     m_area->verticalScrollBar()->setValue(0);
 }
 

@@ -31,7 +31,7 @@ public:
 
     // Cards of years that stay keep their widgets, and with them focus and hover.
     void update(const RailModel& model);
-    // For another day, whose cards begin at the top.
+    // For another day, whose cards begin at the top; ahead of its update().
     void scrollToTop();
     // The fixed texts, again in another language; those of the model come with the next update().
     void retranslate();
@@ -50,11 +50,14 @@ protected:
 private:
     void wire();
     void arrangeCards(const RailModel& model);
+    void showActiveCard(const RailModel& model);
     [[nodiscard]] RailCard* takeCard(int year);
     void place();
     [[nodiscard]] bool isScrollable() const;
 
     QString m_footer;
+    // 0 while no card is active.
+    int m_activeYear = 0;
     AllYearsChip* m_chip;
     QScrollArea* m_area;
     QWidget* m_list;

@@ -96,10 +96,10 @@ void SearchController::clearResult(SearchSession& session) {
     session.currentMatch = 0;
     session.isSearching = false;
     session.generation = ++m_generation;
-    renderWithoutHit();
+    renderAround();
 }
 
-void SearchController::renderWithoutHit() {
+void SearchController::renderAround() {
     call(m_host.clearHighlights);
     call(m_host.renderSidebar);
     call(m_host.renderEntry);
@@ -115,10 +115,10 @@ void SearchController::searchFinished(diary::SearchResult result, const QStringL
     m_session->isSearching = false;
     m_session->generation = ++m_generation;
     m_session->currentMatch = 0;
-    if (m_session->selected) {
+    if (m_session->selected && !ask(m_host.isWriting)) {
         showHit(*m_session->selected, HitFocus::Unchanged);
     } else {
-        renderWithoutHit();
+        renderAround();
     }
 }
 
@@ -139,12 +139,15 @@ void SearchController::showHit(int index, HitFocus focus) {
     m_session->currentMatch = 0;
     // A copy: what follows may run another search.
     const diary::SearchHit hit = hits[static_cast<std::size_t>(index)];
+    // What is opened for writing needs the page of its year.
+    if (focus == HitFocus::Editor && ask(m_host.showAllYears)) call(m_host.setAllYears, false);
     const bool isRendered = bringIntoView(hit);
     if (!isRendered) call(m_host.renderEntry);
     call(m_host.renderSidebar);
     call(m_host.renderRail);
     applySearchHighlights(SearchScroll::ToMatch);
     if (focus == HitFocus::Unchanged) return;
+    call(m_host.leaveSource);
     call(m_host.focusEditor);
     const std::vector<diary::TextRange> ranges = liveMatchRanges(hit.year);
     if (showsSelectedHit() && !ranges.empty()) call(m_host.selectInEditor, ranges.front());
@@ -168,7 +171,7 @@ const diary::SearchHit* SearchController::selectedHit() const {
 
 bool SearchController::showsSelectedHit() const {
     const diary::SearchHit* hit = selectedHit();
-    return hit != nullptr && !ask(m_host.showAllYears) &&
+    return hit != nullptr && !ask(m_host.showAllYears) && !ask(m_host.showSource) &&
            hit->monthDay == ask(m_host.currentMonthDay) && hit->year == ask(m_host.viewedYear);
 }
 
@@ -176,6 +179,7 @@ void SearchController::applySearchHighlights(SearchScroll scroll) {
     if (!m_session) return;
     if (ask(m_host.showAllYears) && !m_session->terms.isEmpty()) {
         call(m_host.setAllYearsHighlights, [this](int year) { return liveMatchRanges(year); });
+        if (scroll == SearchScroll::ToMatch) call(m_host.showYear, ask(m_host.viewedYear));
         return;
     }
     const std::optional<OpenHitMatches> matches = openHitMatches();

@@ -84,7 +84,8 @@ private:
     [[nodiscard]] bool showsSelectedHit() const;
     // Index of the hit for what is in view, or else 0; nothing without hits.
     [[nodiscard]] std::optional<int> hitInView(const std::vector<diary::SearchHit>& hits) const;
-    void renderWithoutHit();
+    // Everything that shows the search, where no hit is brought into view.
+    void renderAround();
 
     SearchHost m_host;
     std::optional<SearchSession> m_session;

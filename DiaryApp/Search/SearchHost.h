@@ -24,6 +24,10 @@ struct SearchHost {
     std::function<diary::MonthDay()> currentMonthDay;
     std::function<int()> viewedYear;
     std::function<bool()> showAllYears;
+    std::function<bool()> showSource;
+    // Whether the editor has the keys. An answer that comes then doesn't turn the page: the next
+    // letters would go to another day.
+    std::function<bool()> isWriting;
     // The text of the viewed year as it is being written.
     std::function<QString()> draft;
     // The trimmed text of another year of the day in view.
@@ -50,13 +54,17 @@ struct SearchHost {
     std::function<void(const Ranges& ranges, int current, SearchScroll scroll)> setHighlights;
     // Marks ranges in every card of the all-years view; asks for those of a year's text.
     std::function<void(const std::function<Ranges(int year)>& rangesOfYear)> setAllYearsHighlights;
+    // Brings the year's card into view, where all years show.
+    std::function<void(int year)> showYear;
     std::function<void()> clearHighlights;
 
     std::function<void(FieldCaret caret)> focusField;
     // Sets the field's text without telling it as typed.
     std::function<void(const QString& text)> setFieldText;
+    // Back from the source to the page, to be written on.
+    std::function<void()> leaveSource;
     std::function<void()> focusEditor;
-    // Gives the editor the focus, and selects the range if it lies within the text.
+    // Gives the editor the focus, and puts the caret at the range if it lies within the text.
     std::function<void(diary::TextRange range)> selectInEditor;
 
     // Searches in the background and brings the result to the main thread. Must not call `finish`

@@ -275,20 +275,19 @@ void WritingSession::noteFailed(const FileError& error) {
     call(m_view.showSaveError, error);
 }
 
-// Saves the draft before another takes its place, or else keeps it. False if neither can be done.
-bool WritingSession::leaveDraft() {
+Leaving WritingSession::leave() {
     call(m_view.commitComposition);
     flushSaveIfDirty();
-    if (!m_isDirty) return true;
+    if (!m_isDirty) return Leaving::Saved;
     try {
         keepDraft();
     } catch (const FileError&) {
         tell(SessionNotice::CannotLeave);
-        return false;
+        return Leaving::Refused;
     }
     m_isRawTextStale = true;
     setDirty(false);
-    return true;
+    return Leaving::Kept;
 }
 
 void WritingSession::keepDraft() {

@@ -25,6 +25,15 @@ namespace velmar {
 
 enum class Focus { Editor, Unchanged };
 
+// What became of the draft before another takes its place.
+enum class Leaving {
+    Saved,
+    // It couldn't be saved, and is kept outside the vault.
+    Kept,
+    // Neither can be done, so it isn't left.
+    Refused,
+};
+
 class WritingSession {
 public:
     static constexpr std::chrono::milliseconds saveDelay{1000};
@@ -85,6 +94,9 @@ public:
     void draftChanged(const QString& text);
     // Writes the draft if it has changes. Safe to call at any time; never throws.
     void flushSaveIfDirty();
+    // Saves the draft, or else keeps it, for another vault to take this one's place. Tells what
+    // was kept or refused.
+    [[nodiscard]] Leaving leave();
     // The last flush. A draft that still can't be saved is kept.
     void close();
     // Keeps a draft that couldn't be saved, without leaving it; for a window about to close.
@@ -109,7 +121,7 @@ public:
     void putBack(const diary::KeptText& kept);
 
 private:
-    [[nodiscard]] bool leaveDraft();
+    [[nodiscard]] bool leaveDraft() { return leave() != Leaving::Refused; }
     void keepDraft();
     void takeInUnreadPage();
     void setRawText(QString text);

@@ -92,18 +92,29 @@ std::unique_ptr<MainWindowController> AppDelegate::makeController() {
     auto made = std::make_unique<MainWindowController>(m_settings, std::move(store),
                                                        std::exchange(m_firstScan, {}));
     made->onClosed = [] { QApplication::quit(); };
+    made->onImportDrop = [this](const QList<QUrl>& files) {
+        if (onImportDrop) onImportDrop(files);
+    };
     made->onApplicationCommand = [this](Action action) { perform(action); };
     return made;
 }
 
-// For another vault. The day stays; a draft that can't be saved is kept. The old window goes later:
-// what asked for another vault may be a sheet on it.
+// For another vault. The day stays; a draft that can't be saved is kept, and where it can't be
+// kept either the old vault stays. The old window goes later: what asked for another vault may be a
+// sheet on it.
 void AppDelegate::rebuildMainWindow() {
     const diary::MonthDay day = m_main->session().currentMonthDay();
+    const Leaving left = m_main->session().leave();
+    if (left == Leaving::Refused) {
+        m_settings.setVaultPath(m_main->session().store().rootURL());
+        if (m_settingsWindow) m_settingsWindow->rebuildContent();
+        return;
+    }
     m_main->retire();
     std::exchange(m_main, makeController()).release()->deleteLater();
     m_main->session().open(day, Focus::Editor);
     m_main->show();
+    if (left == Leaving::Kept) m_main->alerts().flash(SessionNotice::KeptDraft);
 }
 
 // Whoever sends the signal won't wait for an alert: what can't be saved is kept.
@@ -127,13 +138,17 @@ void AppDelegate::followSystem() {
     m_system->onChanged = [this] {
         if (const auto isDark = m_system->isDark()) appearance::setSystemIsDark(*isDark);
         motion::setReduced(m_system->isMotionReduced().value_or(false));
-        if (applyAppearance()) restyleWindows();
+        if (appearance::apply(m_settings)) restyleWindows();
     };
     m_system->start();
 }
 
-bool AppDelegate::applyAppearance() {
-    return appearance::apply(m_settings);
+void AppDelegate::appearanceChanged() {
+    if (appearance::apply(m_settings)) {
+        restyleWindows();
+    } else if (m_settingsWindow) {
+        m_settingsWindow->rebuildContent();
+    }
 }
 
 void AppDelegate::restyleWindows() {
@@ -154,8 +169,12 @@ void AppDelegate::wireSettings() {
     window.onLanguageChanged = [this] { changeLanguage(); };
     window.onVaultChanged = [this] { rebuildMainWindow(); };
     window.onReadingChanged = [this] { m_main->readingChanged(); };
-    window.onAppearanceChanged = [this] {
-        applyAppearance() ? restyleWindows() : m_settingsWindow->rebuildContent();
+    window.onAppearanceChanged = [this] { appearanceChanged(); };
+    window.hiddenPhotosStatus = [this] {
+        return hiddenPhotosStatus ? hiddenPhotosStatus() : HiddenPhotosStatus();
+    };
+    window.onRestoreAllHiddenPhotos = [this] {
+        if (onRestoreAllHiddenPhotos) onRestoreAllHiddenPhotos();
     };
     window.onImport = [this] { perform(Action::Import); };
     window.onImportRecords = [this] { perform(Action::ImportRecords); };

@@ -2,13 +2,16 @@
 // passes on what happens to the application as a whole. It owns the windows.
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QObject>
+#include <QtCore/QUrl>
 #include <future>
 #include <memory>
 
 #include "DiaryApp/Chrome/MenuTable.h"
 #include "DiaryApp/Settings/Onboarding.h"
 #include "DiaryApp/Settings/Settings.h"
+#include "DiaryApp/SettingsWindow/SettingsModel.h"
 #include "DiaryKit/Vault/ArchiveSnapshot.h"
 
 namespace velmar {
@@ -43,8 +46,8 @@ public:
     }
 
     void showSettings();
-    // Brings the settings' palette into force. True if it is another one than before.
-    bool applyAppearance();
+    // Brings the settings' palette into force, and all windows with it.
+    void appearanceChanged();
 
     // The windows that are still to come, each absent until then: the import with its sources or
     // records, the export, and the look for a newer version.
@@ -52,6 +55,11 @@ public:
     std::function<void()> onImportRecords;
     std::function<void()> onExport;
     std::function<void()> onCheckForUpdates;
+    // Files or folders were dropped on the main window.
+    std::function<void(const QList<QUrl>&)> onImportDrop;
+    // The photos that are hidden, for the settings.
+    std::function<HiddenPhotosStatus()> hiddenPhotosStatus;
+    std::function<void()> onRestoreAllHiddenPhotos;
 
 private:
     void makeWindow();

@@ -3,6 +3,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QInputMethodEvent>
 #include <QtWidgets/QApplication>
+#include <algorithm>
 
 #include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/EntryView.h"
@@ -69,7 +70,7 @@ void switchPalette(Settings& settings, AppDelegate& application) {
         settings.setLightPalette(*palette);
         settings.setAppearanceMode(diary::AppearanceMode::light);
     }
-    application.applyAppearance();
+    application.appearanceChanged();
 }
 
 // As an input method commits it: the road that any text may take, in any script.
@@ -144,7 +145,8 @@ void run(Settings& settings, AppDelegate& application, std::function<void(int)> 
     bool isNumber = false;
     const double seconds = delay ? delay->toDouble(&isNumber) : 0;
     const QString path = settings.environment(kScreenshot).value_or(QString());
-    QTimer::singleShot(static_cast<int>((isNumber ? seconds : kDefaultDelay) * 1000), &controller,
+    const double wait = isNumber ? std::max(seconds, 0.0) : kDefaultDelay;
+    QTimer::singleShot(static_cast<int>(wait * 1000), &application,
                        [&application, path, finish = std::move(finish)] {
                            finish(takePictures(application, path) ? 0 : 1);
                        });

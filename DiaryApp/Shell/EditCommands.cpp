@@ -33,7 +33,11 @@ void performOn(Text& text, Action action) {
 
 void perform(Action action, QWidget* focus, EntryView& page) {
     if (auto* field = qobject_cast<QLineEdit*>(focus)) return performOn(*field, action);
-    if (page.showsEditor()) return performOn(*page.editor(), action);
+    if (focus != nullptr && !page.isAncestorOf(focus)) return;
+    if (page.showsEditor()) {
+        if (focus == nullptr || focus == page.editor()) performOn(*page.editor(), action);
+        return;
+    }
     if (action == Action::Copy) page.copy();
     if (action == Action::SelectAll) page.selectAll();
 }

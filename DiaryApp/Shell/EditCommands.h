@@ -12,8 +12,9 @@ class EntryView;
 
 namespace editcommands {
 
-// Runs the command on `focus` if that is a field, else on the page. A command that the text in view
-// doesn't have does nothing.
+// Runs the command on `focus` if that is a field, else on the page if the focus is in its text or
+// nowhere. Where something else has the focus, and for what the text in view doesn't have, nothing
+// happens: nobody expects a paste into a text that doesn't show a caret.
 void perform(Action action, QWidget* focus, EntryView& page);
 
 }  // namespace editcommands

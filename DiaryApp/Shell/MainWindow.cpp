@@ -1,6 +1,9 @@
 #include "DiaryApp/Shell/MainWindow.h"
 
+#include <QtCore/QMimeData>
+#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QDropEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
@@ -32,6 +35,7 @@ MainWindow::MainWindow(Settings& settings)
       m_rail(new YearRailView(this)),
       m_statusBar(new StatusBarView(settings.homeFolder(), this)) {
     setMinimumSize(leastSize);
+    setAcceptDrops(true);
     addFocusKeys();
     restoreFrame();
 }
@@ -74,6 +78,26 @@ bool MainWindow::focusPane(QWidget* pane) {
     return false;
 }
 
+// What was made late stands last in the order of Tab; it is to follow what it belongs to.
+void MainWindow::joinFocusChain(const QWidget* pane, QWidget* behind) {
+    const auto takesTab = [](const QWidget* each) {
+        return (each->focusPolicy() & Qt::TabFocus) != 0;
+    };
+    QWidgetList parts;
+    for (QWidget* each = pane->nextInFocusChain(); each != pane; each = each->nextInFocusChain()) {
+        if (pane->isAncestorOf(each) && takesTab(each)) parts.append(each);
+    }
+    QWidget* last = nullptr;
+    for (QWidget* each = behind->nextInFocusChain(); behind->isAncestorOf(each);
+         each = each->nextInFocusChain()) {
+        if (takesTab(each) && !pane->isAncestorOf(each)) last = each;
+    }
+    for (QWidget* each : parts) {
+        if (last != nullptr) QWidget::setTabOrder(last, each);
+        last = each;
+    }
+}
+
 void MainWindow::setMenuBar(QMenuBar* bar) {
     delete m_menuBar;
     m_menuBar = bar;
@@ -104,9 +128,25 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (onClosed) onClosed();
 }
 
+// What the paint isn't to wait for comes once it is on the screen.
+void MainWindow::paintEvent(QPaintEvent* /*event*/) {
+    if (std::exchange(m_isPainted, true)) return;
+    QTimer::singleShot(0, this, [this] {
+        if (onFirstPaint) onFirstPaint();
+    });
+}
+
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && onEscape) return onEscape();
     QWidget::keyPressEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    if (onFilesDropped) onFilesDropped(event->mimeData()->urls());
 }
 
 void MainWindow::rememberFrame() const {
@@ -134,6 +174,7 @@ SearchPaneView* MainWindow::searchPane() {
     if (m_searchPane == nullptr) {
         m_searchPane = new SearchPaneView;
         m_sidebar->setSearchPane(m_searchPane);
+        joinFocusChain(m_searchPane, m_sidebar);
         if (onSearchPaneMade) onSearchPaneMade(m_searchPane);
     }
     return m_searchPane;

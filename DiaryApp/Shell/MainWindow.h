@@ -2,6 +2,8 @@
 // size. What they show and do is MainWindowController's.
 #pragma once
 
+#include <QtCore/QList>
+#include <QtCore/QUrl>
 #include <QtWidgets/QWidget>
 #include <functional>
 
@@ -37,8 +39,13 @@ public:
     void retranslate();
     void rememberFrame() const;
 
+    // Once, right after the window was painted for the first time.
+    std::function<void()> onFirstPaint;
+    [[nodiscard]] bool isPainted() const { return m_isPainted; }
     // The Escape key, where nothing that has the focus wants it.
     std::function<void()> onEscape;
+    // Files were dropped, wherever in the window.
+    std::function<void(const QList<QUrl>&)> onFilesDropped;
     // Whether the window may close now. Asked at each close; absent means yes.
     std::function<bool()> onClosing;
     std::function<void()> onClosed;
@@ -51,13 +58,17 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void addFocusKeys();
     void focusNextPane(int step);
     bool focusPane(QWidget* pane);
+    static void joinFocusChain(const QWidget* pane, QWidget* behind);
     void restoreFrame();
     void place();
 
@@ -70,6 +81,7 @@ private:
     YearRailView* m_rail;
     StatusBarView* m_statusBar;
     SearchPaneView* m_searchPane = nullptr;
+    bool m_isPainted = false;
 };
 
 }  // namespace velmar

@@ -33,6 +33,12 @@ std::optional<FormatCommand> formatCommandOf(Action action) {
 void MainWindowController::wire() {
     m_window->setMenuBar(
         MainMenuBuilder::build(m_window.get(), [this](Action action) { perform(action); }));
+    revealInFiles = [](const QString& path) { FileManager::reveal(path); };
+    m_window->onFilesDropped = [this](const QList<QUrl>& files) {
+        if (onImportDrop) onImportDrop(files);
+    };
+    // Its snippets may need the fonts of other scripts, which take longer than everything else.
+    m_window->onFirstPaint = [this] { renderRail(); };
     wireMenu();
     wireEntry();
     wireColumns();
@@ -44,10 +50,11 @@ void MainWindowController::wire() {
 void MainWindowController::wireMenu() {
     const QMenuBar* bar = m_window->menuBar();
     using State = MainMenuBuilder::ItemState;
-    MainMenuBuilder::showStates(bar, Menu::Format, [page = m_window->entryView()](Action action) {
+    MainMenuBuilder::showStates(bar, Menu::Format, [this](Action action) {
+        const GrowingTextView* editor = m_window->entryView()->editor();
         const auto format = formatCommandOf(action);
-        const bool isOn = format && page->showsEditor() && page->editor()->canFormat();
-        return State{isOn, isOn && isChecked(*format, page->editor()->context())};
+        const bool isOn = format && hasEditorFocus() && editor->canFormat();
+        return State{isOn, isOn && isChecked(*format, editor->context())};
     });
     MainMenuBuilder::showStates(bar, Menu::View, [this](Action action) {
         const bool isAll = m_session->showAllYears();
@@ -76,14 +83,12 @@ void MainWindowController::wireColumns() {
     m_window->topBar()->onToggleSource = [this] { perform(Action::ToggleSource); };
     SidebarView* sidebar = m_window->sidebar();
     sidebar->onSelectDay = [this](int day) {
-        openDayOfMonth(m_session->currentMonthDay().month, day);
+        m_session->open({m_session->currentMonthDay().month, day}, Focus::Editor);
     };
     sidebar->onPreviousMonth = [this] {
-        openDayOfMonth((m_session->currentMonthDay().month + kMonths - 2) % kMonths + 1, 1);
+        openMonth((m_session->currentMonthDay().month + kMonths - 2) % kMonths + 1);
     };
-    sidebar->onNextMonth = [this] {
-        openDayOfMonth(m_session->currentMonthDay().month % kMonths + 1, 1);
-    };
+    sidebar->onNextMonth = [this] { openMonth(m_session->currentMonthDay().month % kMonths + 1); };
     sidebar->onToday = [this] { perform(Action::Today); };
     sidebar->onShowYearOverview = [this] { perform(Action::YearCalendar); };
     sidebar->onShowSearch = [this] { perform(Action::Find); };
@@ -94,8 +99,16 @@ void MainWindowController::wireColumns() {
     rail->onSetAllYears = [this](bool isOn) { m_session->setAllYears(isOn); };
 }
 
-void MainWindowController::openDayOfMonth(int month, int day) {
-    m_session->open({month, day}, Focus::Editor);
+// The commands of the Format menu act on the text that is being written, and on nothing else.
+bool MainWindowController::hasEditorFocus() const {
+    const EntryView* page = m_window->entryView();
+    return page->showsEditor() && m_window->focusWidget() == page->editor();
+}
+
+// Whoever turns the months by keys goes on from there.
+void MainWindowController::openMonth(int month) {
+    const bool isByKeys = m_window->sidebar()->isAncestorOf(m_window->focusWidget());
+    m_session->open({month, 1}, isByKeys ? Focus::Unchanged : Focus::Editor);
 }
 
 void MainWindowController::pinch(bool isClosing, std::optional<int> year) {
@@ -109,7 +122,7 @@ void MainWindowController::pinch(bool isClosing, std::optional<int> year) {
 void MainWindowController::perform(Action action) {
     EntryView& page = *m_window->entryView();
     if (const auto format = formatCommandOf(action)) {
-        if (page.showsEditor()) page.editor()->perform(*format);
+        if (hasEditorFocus()) page.editor()->perform(*format);
         return;
     }
     switch (action) {
@@ -129,7 +142,7 @@ void MainWindowController::perform(Action action) {
         case Action::Copy:
         case Action::Paste:
         case Action::SelectAll:
-            editcommands::perform(action, QApplication::focusWidget(), page);
+            editcommands::perform(action, m_window->focusWidget(), page);
             break;
         case Action::Find:
             search().showSearch();
@@ -189,7 +202,10 @@ void MainWindowController::showYearOverview() {
 
 void MainWindowController::showInFinder() const {
     const QString file = m_store->fileURL(m_session->currentMonthDay());
-    FileManager::reveal(QFileInfo::exists(file) ? file : m_store->rootURL());
+    if (QFileInfo::exists(file)) return revealInFiles(file);
+    // A vault that nothing was written in yet has no folder.
+    QFileInfo::exists(m_store->rootURL()) ? revealInFiles(m_store->rootURL())
+                                          : QApplication::beep();
 }
 
 }  // namespace velmar

@@ -107,9 +107,14 @@ void MainWindowController::renderTopBar() {
 }
 
 void MainWindowController::renderSidebar() {
-    m_window->sidebar()->update(sidebarModel(windowstates::sidebar(*m_session, m_isVaultKnown)));
+    const int before = m_vaultFacts.revision;
+    if (m_isVaultKnown) {
+        windowstates::refresh(m_vaultFacts, *m_store, m_session->currentMonthDay().month);
+    }
+    m_window->sidebar()->update(sidebarModel(windowstates::sidebar(*m_session, m_vaultFacts)));
     m_searchWiring->renderPane();
-    if (m_yearOverview && m_yearOverview->isVisible()) {
+    const bool isNew = m_vaultFacts.revision != before;
+    if (isNew && m_yearOverview && m_yearOverview->isVisible()) {
         m_yearOverview->update(windowstates::yearOverview(*m_store));
     }
 }
@@ -122,9 +127,10 @@ void MainWindowController::renderEntry() {
 }
 
 void MainWindowController::renderRail() {
-    m_window->rail()->update(railModel(windowstates::rail(*m_session, search())));
+    if (!m_window->isPainted()) return;  // It comes a moment after the first page.
     const diary::MonthDay day = m_session->currentMonthDay();
     if (std::exchange(m_railDay, day) != day) m_window->rail()->scrollToTop();
+    m_window->rail()->update(railModel(windowstates::rail(*m_session, search())));
 }
 
 void MainWindowController::renderStatus() {
@@ -179,11 +185,13 @@ void MainWindowController::calendarDayChanged() {
 void MainWindowController::retranslate() {
     MainMenuBuilder::retranslate(m_window->menuBar());
     m_window->retranslate();
+    m_alerts->retranslate();
     renderTopBar();
     renderSidebar();
     renderEntry();
     renderRail();
     renderStatus();
+    if (m_yearOverview) m_yearOverview->update(windowstates::yearOverview(*m_store));
 }
 
 void MainWindowController::restyle() {

@@ -3,7 +3,9 @@
 // the search SearchController's.
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QObject>
+#include <QtCore/QUrl>
 #include <future>
 #include <memory>
 
@@ -12,6 +14,7 @@
 #include "DiaryApp/Settings/Settings.h"
 #include "DiaryApp/Shell/SearchWiring.h"
 #include "DiaryApp/Shell/SessionAlerts.h"
+#include "DiaryApp/Shell/WindowStates.h"
 #include "DiaryKit/Files/VaultObserver.h"
 
 namespace velmar {
@@ -35,6 +38,7 @@ public:
     void show();
     [[nodiscard]] MainWindow* window() const { return m_window.get(); }
     [[nodiscard]] WritingSession& session() const { return *m_session; }
+    [[nodiscard]] SessionAlerts& alerts() const { return *m_alerts; }
     [[nodiscard]] SearchController& search() const { return m_searchWiring->search(); }
     // Null until the year calendar was shown once.
     [[nodiscard]] YearOverviewController* yearOverviewControllerIfMade() const {
@@ -59,6 +63,10 @@ public:
 
     // Commands that aren't this window's: the settings, the import, what is about the program.
     std::function<void(Action)> onApplicationCommand;
+    // Shows a file or folder in the desktop's file manager.
+    std::function<void(const QString&)> revealInFiles;
+    // Files were dropped on the window, for an import; absent while there is none.
+    std::function<void(const QList<QUrl>&)> onImportDrop;
     // The end is told once the window has closed.
     std::function<void()> onClosed;
 
@@ -76,8 +84,9 @@ private:
     void renderRail();
     void renderStatus();
     void pinch(bool isClosing, std::optional<int> year);
-    void openDayOfMonth(int month, int day);
+    void openMonth(int month);
     void showInFinder() const;
+    [[nodiscard]] bool hasEditorFocus() const;
     void commitComposition() const;
     void closeWindow();
     [[nodiscard]] bool mayClose();
@@ -92,6 +101,7 @@ private:
     std::unique_ptr<diary::VaultObserver> m_observer;
     // Asking the store for its numbers before would read the whole vault on the main thread.
     bool m_isVaultKnown = false;
+    windowstates::VaultFacts m_vaultFacts;
     diary::MonthDay m_railDay;
 };
 

@@ -24,6 +24,7 @@ SearchHost SearchWiring::host(const SessionView& view) {
     host.currentMonthDay = [this] { return m_session.currentMonthDay(); };
     host.viewedYear = [this] { return m_session.viewedYear(); };
     host.showAllYears = [this] { return m_session.showAllYears(); };
+    host.showSource = [this] { return m_session.showSource(); };
     host.draft = [this] { return m_session.draft(); };
     host.body = [this](int year) { return m_session.body(year); };
     host.contentYears = [this] {
@@ -59,11 +60,17 @@ void SearchWiring::addPage(SearchHost& host) {
         for (const auto& [year, card] : page->yearCards()) ranges[year] = rangesOfYear(year);
         page->setYearHighlights(ranges);
     };
+    host.showYear = [page](int year) { page->showYear(year); };
     host.clearHighlights = [page] { page->clearHighlights(); };
+    host.isWriting = [page] { return page->showsEditor() && page->editor()->hasFocus(); };
+    host.leaveSource = [this] {
+        if (m_session.showSource()) m_session.toggleSourceView();
+    };
     host.focusEditor = [page] { page->focusEditor(); };
     host.selectInEditor = [page](diary::TextRange range) {
         page->focusEditor();
-        page->editor()->selectRange(range);
+        // Nothing is selected: the next key would take the word's place.
+        page->editor()->selectRange({range.location, 0});
     };
 }
 

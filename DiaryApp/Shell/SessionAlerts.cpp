@@ -51,7 +51,7 @@ void SessionAlerts::showSaveError(const diary::FileError& error) {
 }
 
 void SessionAlerts::offerKeptDraft(const diary::KeptText& kept) {
-    m_isOfferPinned = true;
+    m_offered = kept;
     m_window.statusBar()->pin(
         notices::keptDraftOffer(m_session.currentMonthDay().headerTitle(), kept.year),
         notices::putBack(), [this, kept] { m_session.putBack(kept); });
@@ -59,7 +59,11 @@ void SessionAlerts::offerKeptDraft(const diary::KeptText& kept) {
 
 // The bar may hold another notice by then, which isn't this one's to take down.
 void SessionAlerts::withdrawKeptDraft() {
-    if (std::exchange(m_isOfferPinned, false)) m_window.statusBar()->unpin();
+    if (std::exchange(m_offered, std::nullopt)) m_window.statusBar()->unpin();
+}
+
+void SessionAlerts::retranslate() {
+    if (const auto kept = m_offered) offerKeptDraft(*kept);
 }
 
 }  // namespace velmar

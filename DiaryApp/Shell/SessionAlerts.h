@@ -21,6 +21,8 @@ public:
     void showSaveError(const diary::FileError& error);
     void offerKeptDraft(const diary::KeptText& kept);
     void withdrawKeptDraft();
+    // The offer, again in the installed language.
+    void retranslate();
 
     // Whether the alert about a failed save is still to be read.
     [[nodiscard]] bool isAlerting() const { return m_isAlerting; }
@@ -31,7 +33,8 @@ private:
     MainWindow& m_window;
     WritingSession& m_session;
     bool m_isAlerting = false;
-    bool m_isOfferPinned = false;
+    // What the status bar offers to put back.
+    std::optional<diary::KeptText> m_offered;
     std::function<void()> m_whenRead;
 };
 

@@ -23,16 +23,22 @@ TopBarView::Model topBar(const WritingSession& session) {
             session.showSource()};
 }
 
-SidebarState sidebar(const WritingSession& session, bool isVaultKnown) {
+void refresh(VaultFacts& facts, diary::DiaryStore& store, int month) {
+    if (facts.revision == store.revision() && facts.month == month) return;
+    facts.daysWithContent = store.daysWithContent(month);
+    facts.month = month;
+    if (facts.revision != store.revision()) facts.overview = store.overview();
+    facts.revision = store.revision();
+}
+
+SidebarState sidebar(const WritingSession& session, const VaultFacts& facts) {
     SidebarState state;
     state.day = session.currentMonthDay();
     state.viewedYear = session.viewedYear();
     state.today = session.today();
+    state.daysWithContent = facts.daysWithContent;
+    state.overview = facts.overview;
     state.language = localization::installedLanguage();
-    if (isVaultKnown) {
-        state.daysWithContent = session.store().daysWithContent(state.day.month);
-        state.overview = session.store().overview();
-    }
     return state;
 }
 

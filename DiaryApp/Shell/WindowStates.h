@@ -1,7 +1,9 @@
 // What the views' models are made from, taken from the session, the store and the search as they
-// are now. Main thread; they read no day file that the session hasn't read, but the sidebar and
-// the year calendar list the vault's folder where that hasn't been done.
+// are now. Main thread; they read no day file that the session hasn't read, but what is told of the
+// whole vault looks at each of its files.
 #pragma once
+
+#include <set>
 
 #include "DiaryApp/Chrome/TopBarView.h"
 #include "DiaryApp/Entry/EntryModel.h"
@@ -15,8 +17,17 @@
 namespace velmar::windowstates {
 
 [[nodiscard]] TopBarView::Model topBar(const WritingSession& session);
-// Without days and numbers while the vault wasn't looked through.
-[[nodiscard]] SidebarState sidebar(const WritingSession& session, bool isVaultKnown);
+// What the sidebar tells of the vault, kept for as long as the store has nothing new to say: each
+// asking looks at every file's stamp.
+struct VaultFacts {
+    int revision = -1;
+    int month = 0;
+    std::set<int> daysWithContent;
+    diary::Overview overview;
+};
+void refresh(VaultFacts& facts, diary::DiaryStore& store, int month);
+
+[[nodiscard]] SidebarState sidebar(const WritingSession& session, const VaultFacts& facts);
 [[nodiscard]] EntryState entry(const WritingSession& session, const SearchController& search,
                                const Settings& settings);
 [[nodiscard]] RailState rail(const WritingSession& session, const SearchController& search);

@@ -117,6 +117,7 @@ dayfile::Rewritten DiaryStore::rewrite(
 }
 
 void DiaryStore::noteWritten(const MonthDay& day, const FileStamp& stamp, QStringView text) {
+    ++m_revision;
     if (m_knownFiles) m_knownFiles->insert(day);
     m_awaitingDownload.erase(day);
     m_yearCache[day] = {stamp, YearSectionParser::yearsWithContent(text)};
@@ -184,6 +185,7 @@ DiaryStore::Conflicts DiaryStore::resolveConflicts(
 }
 
 void DiaryStore::invalidateCaches() {
+    ++m_revision;
     m_knownFiles.reset();
 }
 
@@ -265,6 +267,7 @@ void DiaryStore::loadArchiveSnapshot(std::function<void(const ArchiveSnapshot&)>
 }
 
 void DiaryStore::adopt(const ArchiveScan& scan) {
+    ++m_revision;
     m_knownFiles = scan.files;
     for (auto entry = scan.fresh.constBegin(); entry != scan.fresh.constEnd(); ++entry) {
         const auto known = m_yearCache.constFind(entry.key());

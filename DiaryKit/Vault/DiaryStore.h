@@ -78,6 +78,10 @@ public:
     // tell whether it still holds.
     void invalidateCaches();
 
+    // Another number whenever the answers below may have changed through this store: by a write, a
+    // scan, or invalidateCaches(). Between two looks with one number nothing need be asked again.
+    [[nodiscard]] int revision() const { return m_revision; }
+
     // The number of years with content of each day that has any.
     [[nodiscard]] QHash<MonthDay, int> contentYearCounts();
     [[nodiscard]] std::set<int> allContentYears();
@@ -129,6 +133,7 @@ private:
     KeptTexts m_kept;
     std::optional<std::set<MonthDay>> m_knownFiles;
     YearCache m_yearCache;
+    int m_revision = 0;
     std::set<MonthDay> m_awaitingDownload;
     // Stands for the store where background work comes back.
     QObject m_context;

@@ -63,8 +63,8 @@ TEST_F(MenuTest, EveryCommandStandsOnceAndIsDispatched) {
 TEST_F(MenuTest, NoKeyHasTwoCommands) {
     std::set<int> keys;
     for (const MenuRow& row : menuTable()) {
-        for (const MenuKey& key : row.keys) {
-            EXPECT_TRUE(keys.insert(key.keys.toCombined()).second) << row.title;
+        for (const QKeyCombination key : row.keys) {
+            EXPECT_TRUE(keys.insert(key.toCombined()).second) << row.title;
         }
     }
 }

@@ -30,6 +30,25 @@ protected:
     }
 };
 
+TEST_F(EditingKeysTest, ATabIsUndoneByItself) {
+    load(QStringLiteral("|"));
+    QTest::keyClicks(&editor, QStringLiteral("words"));
+    QTest::keyClick(&editor, Qt::Key_Tab);
+    EXPECT_EQ(editor.draft(), u"words\t");
+    editor.undo();
+    EXPECT_EQ(editor.draft(), u"words");
+    editor.redo();
+    EXPECT_EQ(editor.draft(), u"words\t");
+}
+
+TEST_F(EditingKeysTest, ACaretThatCanGoNoFurtherIsBroughtBackIntoView) {
+    load(QStringLiteral("words|"));
+    int brought = 0;
+    editor.onCaretMoved = [&] { ++brought; };
+    QTest::keyClick(&editor, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_GT(brought, 0);
+}
+
 TEST_F(EditingKeysTest, ReturnInAListIsUndoneMarkerFirst) {
     load(QStringLiteral("- one|"));
     press(Qt::Key_Return);

@@ -96,7 +96,7 @@ TEST_F(SearchPaneStateTest, NoHitsSaysSoAndLeadsOutOfAYear) {
     expected.scopeYears = {2026, 2025, 2019};
     expected.generation = 7;
     NoResults nothing{QStringLiteral("Nothing with “light %1”"),
-                      QStringLiteral("Try fewer words, or look in every year."), std::nullopt};
+                      QStringLiteral("Try fewer words, or other ones."), std::nullopt};
     expected.empty = nothing;
     EXPECT_EQ(state(), expected);
     session.scope = 2025;

@@ -145,6 +145,19 @@ TEST_F(KeptBySession, ADraftIsKeptBeforeTheWindowWaitsForItsAlert) {
     EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
 }
 
+TEST_F(KeptBySession, WhoLeavesLearnsWhetherTheDraftWasSavedOrKept) {
+    session->open(today, Focus::Editor);
+    session->draftChanged(QStringLiteral("saved"));
+    EXPECT_EQ(session->leave(), Leaving::Saved);
+    EXPECT_EQ(onDisk(2026), u"saved");
+    blockFile(today);
+    session->draftChanged(QStringLiteral("precious"));
+    EXPECT_EQ(session->leave(), Leaving::Kept);
+    EXPECT_FALSE(session->isDirty());
+    EXPECT_THAT(kept(KeptReason::UnsavedDraft), ElementsAre(QStringLiteral("precious")));
+    EXPECT_EQ(told.notices.back(), SessionNotice::KeptDraft);
+}
+
 TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept) {
     diary::DiaryStore nowhere(vault.path(), {}, clock, diary::KeptTexts(vault.path(), {}));
     session = makeSession(nowhere);
@@ -153,6 +166,8 @@ TEST_F(KeptBySession, TheDayIsNotLeftWhileADraftCanBeNeitherSavedNorKept) {
     session->draftChanged(QStringLiteral("precious"));
     EXPECT_FALSE(session->open(MonthDay{3, 7}, Focus::Editor));
     EXPECT_FALSE(session->pickYear(2020, Focus::Editor));
+    EXPECT_EQ(session->leave(), Leaving::Refused);
+    EXPECT_TRUE(session->isDirty());
     EXPECT_EQ(session->draft(), u"precious");
     EXPECT_EQ(session->currentMonthDay(), today);
     EXPECT_EQ(told.notices.back(), SessionNotice::CannotLeave);

@@ -1,6 +1,9 @@
 // What the settings change while the application runs, and that no word is lost by it.
 #include "DiaryApp/Shell/AppDelegate.h"
 
+#include "DiaryApp/Appearance/Button.h"
+#include "DiaryApp/Chrome/StatusBarView.h"
+#include "DiaryApp/SettingsWindow/OnboardingSheet.h"
 #include "DiaryApp/SettingsWindow/SettingsWindowController.h"
 #include "tests/app/shell/ShellFixture.h"
 
@@ -81,6 +84,8 @@ TEST_F(AppDelegateTest, AVaultThatCannotBeSavedToIsLeftWithItsDraftKept) {
     preferences().onVaultChanged();
     EXPECT_EQ(kept.list(day(), diary::KeptReason::UnsavedDraft).size(), 1U);
     EXPECT_EQ(session().store().rootURL(), otherVault.path());
+    const MainWindow* window = delegate.mainWindowController()->window();
+    EXPECT_TRUE(window->statusBar()->isFlashing()) << "the new window tells of it";
 }
 
 TEST_F(AppDelegateTest, TheNewWindowFollowsTheSettingsToo) {
@@ -93,6 +98,28 @@ TEST_F(AppDelegateTest, TheNewWindowFollowsTheSettingsToo) {
     EXPECT_EQ(text()->draft(), u"new words");
     session().flushSaveIfDirty();
     EXPECT_TRUE(otherVault.exists(day() + QLatin1String(".md")));
+}
+
+class FirstStartTest : public test::ShellFixture {};
+
+// The question is asked over the window and answered with a button on it.
+TEST_F(FirstStartTest, TheAnswerMakesTheVaultAndTheWindowShowsIt) {
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("DIARY_VIEW_ONBOARD"), QStringLiteral("1"));
+    Settings asked(std::make_unique<QSettings>(home.filePath(QStringLiteral("first.ini")),
+                                               QSettings::IniFormat),
+                   home.path(), environment);
+    AppDelegate delegate(asked);
+    delegate.start();
+    auto* sheet = delegate.mainWindowController()->window()->findChild<OnboardingSheet*>();
+    ASSERT_NE(sheet, nullptr);
+    QTest::mouseClick(sheet->localButton(), Qt::LeftButton);
+    const QString local = home.filePath(QStringLiteral("Documents/Diary"));
+    ASSERT_TRUE(waitUntil([&] { return asked.vaultPath() == local; }));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(asked.hasOnboarded());
+    EXPECT_EQ(delegate.mainWindowController()->session().store().rootURL(), local);
+    EXPECT_TRUE(delegate.mainWindowController()->window()->isVisible());
 }
 
 }  // namespace

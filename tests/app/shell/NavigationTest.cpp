@@ -1,6 +1,8 @@
 // The ways through the days and years, by mouse and keyboard, in the window put together.
 #include <gmock/gmock.h>
 
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
 #include <QtWidgets/QMenuBar>
 
 #include "DiaryApp/Chrome/MainMenuBuilder.h"
@@ -168,6 +170,62 @@ TEST_F(NavigationTest, TheSourceShowsTheFileWithWhatWasTyped) {
     controller->perform(Action::ToggleSource);
     EXPECT_TRUE(window()->entryView()->showsEditor());
     EXPECT_EQ(editor()->draft(), u"words");
+}
+
+TEST_F(NavigationTest, EditCommandsLeaveTheDayAloneWhileACardHasTheFocus) {
+    QTest::keyClicks(editor(), QStringLiteral("words"));
+    rail()->cards()[0]->setFocus(Qt::TabFocusReason);
+    for (const Action action :
+         {Action::SelectAll, Action::Cut, Action::Paste, Action::Undo, Action::Bold}) {
+        controller->perform(action);
+    }
+    EXPECT_EQ(editor()->draft(), u"words");
+}
+
+TEST_F(NavigationTest, WhoTurnsTheMonthsByKeysGoesOnFromThere) {
+    sidebar()->grid()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(sidebar()->grid(), Qt::Key_PageUp);
+    EXPECT_EQ(inView(), (diary::MonthDay{2, 1}));
+    EXPECT_TRUE(sidebar()->grid()->hasFocus());
+    editor()->setFocus();
+    sidebar()->onNextMonth();
+    EXPECT_TRUE(editor()->hasFocus());
+}
+
+TEST_F(NavigationTest, TheFileManagerShowsTheDayOrElseTheVault) {
+    QStringList shown;
+    controller->revealInFiles = [&](const QString& path) { shown.append(path); };
+    controller->perform(Action::ShowInFinder);
+    open(3, 8);
+    controller->perform(Action::ShowInFinder);
+    EXPECT_THAT(shown, ElementsAre(vault.filePath(QStringLiteral("03-07.md")), vault.path()));
+}
+
+TEST_F(NavigationTest, TheRailBringsTheOpenYearsCardIntoView) {
+    QByteArray file = "# 05-05\n";
+    for (int year = 2001; year < 2021; ++year) {
+        file += "\n## " + QByteArray::number(year) + "\n\ntext\n";
+    }
+    vault.write(QStringLiteral("05-05.md"), file);
+    open(5, 5);
+    ASSERT_EQ(rail()->cards().size(), 21U);
+    const RailCard* last = rail()->cards().back();
+    EXPECT_TRUE(last->visibleRegion().isEmpty());
+    controller->session().pickYear(2001, Focus::Unchanged);
+    EXPECT_TRUE(waitUntil([&] { return last->visibleRegion().boundingRect() == last->rect(); }));
+}
+
+TEST_F(NavigationTest, DroppedFilesAreHandedOn) {
+    QList<QUrl> dropped;
+    controller->onImportDrop = [&](const QList<QUrl>& files) { dropped = files; };
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/export.zip"))});
+    QDragEnterEvent enter({300, 300}, Qt::CopyAction, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({300, 300}, Qt::CopyAction, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(window(), &drop);
+    EXPECT_EQ(dropped, files.urls());
 }
 
 TEST_F(NavigationTest, TheYearCalendarOpensADayAndClosesWithTheWindow) {

@@ -1,7 +1,8 @@
 // The search in the window put together: over real files, in the background, with its hits on the
 // page.
 #include "DiaryApp/Appearance/SearchField.h"
-#include "DiaryApp/Chrome/StatusBarView.h"
+#include "DiaryApp/Chrome/TopBarView.h"
+#include "DiaryApp/Entry/MatchPill.h"
 #include "DiaryApp/Navigation/RailCard.h"
 #include "DiaryApp/Navigation/SidebarView.h"
 #include "DiaryApp/Navigation/YearRailView.h"
@@ -23,6 +24,11 @@ protected:
 
     [[nodiscard]] SearchField* field() const {
         return window()->searchPane()->findChild<SearchField*>();
+    }
+    // What the pill says; nothing while it doesn't show.
+    [[nodiscard]] QString pillText() const {
+        const auto* pill = window()->entryView()->findChild<MatchPill*>();
+        return pill != nullptr && pill->isVisible() ? pill->label() : QString();
     }
     [[nodiscard]] const SearchController& search() const { return controller->search(); }
     void find(const QString& text) {
@@ -54,7 +60,8 @@ TEST_F(SearchInWindowTest, TheKeysWalkTheHitsAndReturnOpensTheOne) {
     EXPECT_EQ(window()->rail()->cards()[1]->card().hits, QStringLiteral("2 hits"));
     QTest::keyClick(field(), Qt::Key_Return);
     EXPECT_TRUE(editor()->hasFocus());
-    EXPECT_EQ(editor()->selection(), (diary::TextRange{0, 5}));
+    EXPECT_EQ(editor()->selection(), (diary::TextRange{0, 0}))
+        << "a selected word would go with the next key";
     EXPECT_EQ(settings.recentSearches(), QStringList(QStringLiteral("canal")));
 }
 
@@ -62,8 +69,10 @@ TEST_F(SearchInWindowTest, StepsThroughTheMatchesOfTheOpenHit) {
     find(QStringLiteral("canal"));
     QTest::keyClick(field(), Qt::Key_Down);
     EXPECT_EQ(search().openHitMatches(), (OpenHitMatches{2, 0}));
+    EXPECT_EQ(pillText(), u"1 of 2");
     QTest::keyClick(field(), Qt::Key_F3);
     EXPECT_EQ(search().openHitMatches(), (OpenHitMatches{2, 1}));
+    EXPECT_EQ(pillText(), u"2 of 2");
     QTest::keyClick(field(), Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(search().openHitMatches(), (OpenHitMatches{2, 0}));
     QTest::keyClick(field(), Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
@@ -113,10 +122,57 @@ TEST_F(SearchInWindowTest, TypingIntoTheHitTakesItsMarksAway) {
     find(QStringLiteral("bread"));
     QTest::keyClick(field(), Qt::Key_Return);
     ASSERT_TRUE(editor()->hasFocus());
+    ASSERT_EQ(pillText(), u"1 of 1");
     QTest::keyClicks(editor(), QStringLiteral("B"));
-    EXPECT_FALSE(search().openHitMatches());
+    EXPECT_TRUE(waitUntil([&] { return pillText().isEmpty(); }));
     controller->perform(Action::Undo);
     EXPECT_EQ(editor()->draft(), u"canal, then bread, then canal");
+}
+
+TEST_F(SearchInWindowTest, FormatCommandsLeaveTheDayAloneWhileTheFieldHasTheFocus) {
+    find(QStringLiteral("bread"));
+    for (const Action action : {Action::Bold, Action::InlineCode, Action::Link, Action::Heading1}) {
+        controller->perform(action);
+    }
+    EXPECT_EQ(editor()->draft(), u"canal, then bread, then canal");
+    EXPECT_FALSE(controller->session().isDirty());
+}
+
+TEST_F(SearchInWindowTest, AnAnswerThatComesWhileSomeoneWritesTurnsNoPage) {
+    controller->perform(Action::Today);
+    QTest::keyClicks(editor(), QStringLiteral("Dear diary, "));
+    controller->perform(Action::Find);
+    QTest::keyClicks(field(), QStringLiteral("bread"));
+    editor()->setFocus();
+    QTest::keyClicks(editor(), QStringLiteral("today"));
+    ASSERT_TRUE(waitUntil([&] { return search().session()->result.has_value(); }));
+    QTest::keyClicks(editor(), QStringLiteral(" was long"));
+    EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay());
+    EXPECT_EQ(editor()->draft(), u"Dear diary, today was long");
+}
+
+TEST_F(SearchInWindowTest, ReturnOpensTheYearOutOfAllYearsAndOutOfTheSource) {
+    find(QStringLiteral("bread"));
+    controller->perform(Action::AllYears);
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_FALSE(controller->session().showAllYears());
+    EXPECT_EQ(controller->session().viewedYear(), 2019);
+    EXPECT_TRUE(editor()->hasFocus());
+    controller->perform(Action::ToggleSource);
+    controller->perform(Action::Find);
+    EXPECT_FALSE(search().openHitMatches()) << "nothing to step through in the source";
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_FALSE(controller->session().showSource());
+    EXPECT_TRUE(editor()->hasFocus());
+}
+
+TEST_F(SearchInWindowTest, TheTabKeyLeadsFromTheFieldIntoThePane) {
+    find(QStringLiteral("canal"));
+    QTest::keyClick(field(), Qt::Key_Tab);
+    EXPECT_TRUE(window()->searchPane()->isAncestorOf(window()->focusWidget()));
+    window()->topBar()->findChildren<QWidget*>().last()->setFocus();
+    QTest::keyClick(window()->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window()->focusWidget(), field());
 }
 
 TEST_F(SearchInWindowTest, TheEditCommandsActOnTheFieldThatHasTheFocus) {
