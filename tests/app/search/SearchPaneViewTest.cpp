@@ -391,7 +391,8 @@ TEST_F(SearchPaneViewTest, SpeaksTheInstalledLanguage) {
     localization::install(Language::ja);
     pane.retranslate();
     show(canal());
-    EXPECT_EQ(chipTexts().first(), QStringLiteral("[全て]"));
+    EXPECT_EQ(chipTexts().first(), QStringLiteral("[すべて]"));
+    for (const Chip* chip : chips()) EXPECT_LE(chip->x() + chip->width(), 228);
     EXPECT_EQ(field().placeholderText(), QStringLiteral("言葉、2024、2024-03、03-07"));
     EXPECT_EQ(lines().first(), QStringLiteral("今年"));
     localization::install(Language::en);
