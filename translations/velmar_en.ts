@@ -165,7 +165,7 @@
     <message id="Zoom">
         <source></source>
         <extracomment>Makes the window as big as the screen, or back.</extracomment>
-        <translation>Zoom</translation>
+        <translation>Maximize</translation>
     </message>
     <message id="Day %d / %d">
         <source></source>
@@ -293,15 +293,15 @@
     </message>
     <message id="SaveFailedNoPermission">
         <source></source>
-        <translation>You have no permission to write in the diary's folder.</translation>
+        <translation>You have no permission to write in the diary’s folder.</translation>
     </message>
     <message id="SaveFailedReadOnly">
         <source></source>
-        <translation>The diary's folder is on a disk that can only be read.</translation>
+        <translation>The diary’s folder is on a disk that can only be read.</translation>
     </message>
     <message id="SaveFailedFolderMissing">
         <source></source>
-        <translation>The diary's folder is not there.</translation>
+        <translation>The diary’s folder is not there.</translation>
     </message>
     <message id="SaveFailedOther">
         <source></source>
@@ -311,7 +311,7 @@
     <message id="SaveFailedNothingLost">
         <source></source>
         <extracomment>Follows one of the causes above, as a paragraph of its own.</extracomment>
-        <translation>Nothing you wrote is lost. The next key, or Save, tries again; what can't be saved when you leave is kept.</translation>
+        <translation>Nothing you wrote is lost. The next key, or Save, tries again; what can’t be saved when you leave is kept.</translation>
     </message>
     <message id="OK">
         <source></source>

@@ -50,7 +50,7 @@
     </message>
     <message id="Paste">
         <source></source>
-        <translation>ペースト</translation>
+        <translation>貼り付け</translation>
     </message>
     <message id="Select All">
         <source></source>
@@ -156,16 +156,16 @@
     <message id="Window">
         <source></source>
         <extracomment>Menu.</extracomment>
-        <translation>ウインドウ</translation>
+        <translation>ウィンドウ</translation>
     </message>
     <message id="Minimize">
         <source></source>
-        <translation>しまう</translation>
+        <translation>最小化</translation>
     </message>
     <message id="Zoom">
         <source></source>
         <extracomment>Makes the window as big as the screen, or back.</extracomment>
-        <translation>拡大／縮小</translation>
+        <translation>最大化</translation>
     </message>
     <message id="Day %d / %d">
         <source></source>
@@ -275,7 +275,7 @@
     <message id="PutBack">
         <source></source>
         <extracomment>Link behind KeptDraftOffer.</extracomment>
-        <translation>元に戻す</translation>
+        <translation>本文に戻す</translation>
     </message>
     <message id="SaveFailedTitle">
         <source></source>
@@ -366,7 +366,7 @@
     <message id="Hide %@">
         <source></source>
         <extracomment>Minimises the window. %1 is the application's name.</extracomment>
-        <translation>%1 を隠す</translation>
+        <translation>%1 を最小化</translation>
     </message>
     <message id="Import…">
         <source></source>
@@ -575,7 +575,7 @@
         <source></source>
         <extracomment>Number of a month's days with text; as short as it can be.</extracomment>
         <translation>
-            <numerusform>%n 日</numerusform>
+            <numerusform>%n 日分</numerusform>
         </translation>
     </message>
     <message id="YearsWrittenLegend">
@@ -742,7 +742,7 @@
     <message id="SearchScopeAll">
         <source></source>
         <extracomment>Chip ahead of the years; very short.</extracomment>
-        <translation>全て</translation>
+        <translation>すべて</translation>
     </message>
     <message id="SearchMoreYears">
         <source></source>
@@ -889,7 +889,7 @@
     <message id="Settings.Writing">
         <source></source>
         <extracomment>Section.</extracomment>
-        <translation>文章</translation>
+        <translation>執筆</translation>
     </message>
     <message id="Settings.Font">
         <source></source>
@@ -1050,7 +1050,7 @@
     <message id="Settings.InAndOut">
         <source></source>
         <extracomment>Section: import and export.</extracomment>
-        <translation>出し入れ</translation>
+        <translation>データ</translation>
     </message>
     <message id="Settings.Import">
         <source></source>

@@ -46,7 +46,7 @@
     </message>
     <message id="Copy">
         <source></source>
-        <translation>拷贝</translation>
+        <translation>复制</translation>
     </message>
     <message id="Paste">
         <source></source>
@@ -165,7 +165,7 @@
     <message id="Zoom">
         <source></source>
         <extracomment>Makes the window as big as the screen, or back.</extracomment>
-        <translation>缩放</translation>
+        <translation>最大化</translation>
     </message>
     <message id="Day %d / %d">
         <source></source>
@@ -197,7 +197,7 @@
     <message id="Write about this day in %d…">
         <source></source>
         <extracomment>Stands in the empty editor; %1 is a year.</extracomment>
-        <translation>写下 %1 年的这一天……</translation>
+        <translation>写下 %1 年的这一天…</translation>
     </message>
     <message id="NoLeapDayThisYear">
         <source></source>
@@ -310,7 +310,7 @@
     </message>
     <message id="OK">
         <source></source>
-        <translation>好</translation>
+        <translation>确定</translation>
     </message>
     <message id="AccessibleEditor">
         <source></source>
@@ -347,7 +347,7 @@
     <message id="AboutText">
         <source></source>
         <extracomment>About box; the copyright line stays as it is.</extracomment>
-        <translation>日期是一个地方，每年都会回来。
+        <translation>日期是一个你每年都会回来的地方。
 © The Velmar authors</translation>
     </message>
     <message id="About %@">
@@ -401,7 +401,7 @@
     <message id="View">
         <source></source>
         <extracomment>Menu.</extracomment>
-        <translation>显示</translation>
+        <translation>视图</translation>
     </message>
     <message id="One Year">
         <source></source>
@@ -586,7 +586,7 @@
     <message id="YearFootnote">
         <source></source>
         <extracomment>Below the calendar.</extracomment>
-        <translation>一格是一个日期，合着它的每一年。描边的是 02-29，闰年才轮到它。</translation>
+        <translation>一格是一个日期，汇集了历年的文字。描边的是 02-29，闰年才轮到它。</translation>
     </message>
     <message id="HeatCell" numerus="yes">
         <source></source>

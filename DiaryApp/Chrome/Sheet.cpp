@@ -5,8 +5,10 @@
 #include <QtGui/QPainter>
 
 #include "DiaryApp/Appearance/ControlAccess.h"
+#include "DiaryApp/Appearance/Motion.h"
 #include "DiaryApp/Appearance/Shadow.h"
 #include "DiaryApp/Appearance/Theme.h"
+#include "DiaryApp/Chrome/SheetArrival.h"
 
 namespace velmar {
 
@@ -19,7 +21,7 @@ constexpr double kAboveMiddle = 0.42;
 }  // namespace
 
 Sheet::Sheet(QWidget* window, const QString& title, const QString& text)
-    : QWidget(window), m_focusBefore(window->focusWidget()) {
+    : QWidget(window), m_arrival(new SheetArrival(this)), m_focusBefore(window->focusWidget()) {
     setVisible(false);
     setAccessibleName(title);
     setAccessibleDescription(text);
@@ -28,15 +30,35 @@ Sheet::Sheet(QWidget* window, const QString& title, const QString& text)
 }
 
 void Sheet::present(QWidget* first, Qt::FocusReason reason) {
+    const bool isMoving = parentWidget()->isVisible() && !motion::isReduced();
+    // What had the focus is pictured without its caret and ring, which go as the sheet takes it.
+    if (isMoving && m_focusBefore) m_focusBefore->clearFocus();
+    const QPixmap behind = isMoving ? parentWidget()->grab() : QPixmap();
     place();
     setVisible(true);
     raise();
     first->setFocus(reason);
+    if (isMoving) m_arrival->run(behind, pictureOfPanel());
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
 
+bool Sheet::isArriving() const {
+    return m_arrival->isRunning();
+}
+
+QPixmap Sheet::pictureOfPanel() {
+    QPixmap picture(size() * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    m_hasVeil = false;
+    render(&picture, {}, {}, DrawChildren);
+    m_hasVeil = true;
+    return picture;
+}
+
 void Sheet::dismiss() {
+    m_arrival->finish();
     hide();
     deleteLater();
     if (m_focusBefore) m_focusBefore->setFocus(Qt::OtherFocusReason);
@@ -47,6 +69,7 @@ double Sheet::panelTop(double panelHeight) const {
 }
 
 void Sheet::place() {
+    m_arrival->finish();
     setGeometry(parentWidget()->rect());
     const QSizeF size = panelSize();
     const double panelHeight = std::round(size.height());
@@ -100,7 +123,7 @@ void Sheet::keyPressEvent(QKeyEvent* event) {
 
 void Sheet::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), theme::veil());
+    if (m_hasVeil) painter.fillRect(rect(), theme::veil());
     painter.setRenderHint(QPainter::Antialiasing);
     paintShadow(painter, m_panel, elevation::kSheet);
     const bool isDark = theme::tokens().isDark();

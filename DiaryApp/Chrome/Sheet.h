@@ -1,5 +1,6 @@
 // A sheet over a window: a veil, and a panel with a shadow on it that takes all input until the
-// sheet is closed. What stands on the panel is the business of the classes derived from it.
+// sheet is closed. It comes in 180 ms, and takes input from the first. What stands on the panel is
+// the business of the classes derived from it.
 #pragma once
 
 #include <QtCore/QPointer>
@@ -7,19 +8,24 @@
 
 namespace velmar {
 
+class SheetArrival;
+
 class Sheet : public QWidget {
     Q_OBJECT
 
 public:
     // Where the panel lies, in the sheet's coordinates.
     [[nodiscard]] const QRectF& panel() const { return m_panel; }
+    // Whether the sheet still moves to its place.
+    [[nodiscard]] bool isArriving() const;
 
 protected:
     // Covers the whole window of this widget, hidden at first, and follows its size. It presents
     // itself as a dialog of this title and text.
     Sheet(QWidget* window, const QString& title, const QString& text);
 
-    // Shows the sheet and moves the focus to `first`; the reason decides whether a ring shows.
+    // Shows the sheet and moves the focus to `first`; the reason decides whether a ring shows. At
+    // once where the window isn't on screen or motion is reduced.
     void present(QWidget* first, Qt::FocusReason reason);
     // Gives the focus back to what had it. The sheet deletes itself.
     void dismiss();
@@ -44,7 +50,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    [[nodiscard]] QPixmap pictureOfPanel();
+
     QRectF m_panel;
+    SheetArrival* m_arrival;
+    bool m_hasVeil = true;
     QPointer<QWidget> m_focusBefore;
 };
 

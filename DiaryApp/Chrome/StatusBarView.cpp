@@ -7,6 +7,7 @@
 #include <QtGui/QPainter>
 
 #include "DiaryApp/Appearance/Fonts.h"
+#include "DiaryApp/Appearance/Motion.h"
 #include "DiaryApp/Appearance/TextPainter.h"
 
 namespace velmar {
@@ -17,6 +18,8 @@ constexpr int kPadding = 20;
 constexpr double kLine = 16;
 constexpr double kGap = 24;
 constexpr double kUnderlineDrop = 3;
+constexpr int kFadeInMilliseconds = 120;
+constexpr int kFadeOutMilliseconds = 200;
 
 QFont caption() {
     return fonts::mono(11.5);
@@ -42,6 +45,12 @@ StatusBarView::StatusBarView(QString homeFolder, QWidget* parent, int flashTime)
     connect(&m_flashTimer, &QTimer::timeout, this, [this] {
         m_flash.reset();
         refresh();
+        fadeFlash(0, kFadeOutMilliseconds);
+    });
+    m_fade.setEasingCurve(QEasingCurve::OutQuad);
+    connect(&m_fade, &QVariantAnimation::valueChanged, this, [this](const QVariant& share) {
+        m_flashShare = share.toDouble();
+        QWidget::update();
     });
     retranslate();
 }
@@ -54,8 +63,10 @@ void StatusBarView::update(const QString& path, const QString& status) {
 
 void StatusBarView::flash(const QString& text) {
     m_flash = text;
+    m_flashText = text;
     m_flashTimer.start();
     refresh();
+    fadeFlash(1, kFadeInMilliseconds);
     announce();
 }
 
@@ -70,15 +81,35 @@ void StatusBarView::unpin() {
     refresh();
 }
 
+void StatusBarView::fadeFlash(double target, int milliseconds) {
+    m_fade.stop();
+    if (!isVisible() || motion::isReduced()) {
+        m_flashShare = target;
+        QWidget::update();
+        return;
+    }
+    m_fade.setStartValue(m_flashShare);
+    m_fade.setEndValue(target);
+    m_fade.setDuration(milliseconds);
+    m_fade.start();
+}
+
 QString StatusBarView::leftText() const {
-    if (m_flash) return *m_flash;
+    return m_flash ? *m_flash : restText();
+}
+
+QString StatusBarView::restText() const {
     if (!m_pinned) return m_currentPath;
     return m_pinned->link.isEmpty() ? m_pinned->text
                                     : m_pinned->text + separator() + m_pinned->link;
 }
 
 QRect StatusBarView::linkRect() const {
-    if (m_flash || !m_pinned || m_pinned->link.isEmpty()) return {};
+    return m_flash ? QRect() : restLinkRect();
+}
+
+QRect StatusBarView::restLinkRect() const {
+    if (!m_pinned || m_pinned->link.isEmpty()) return {};
     const double x = kPadding + widthOf(m_pinned->text + separator());
     return QRectF(x, 1, widthOf(m_pinned->link), height() - 1.0).toAlignedRect();
 }
@@ -158,11 +189,21 @@ void StatusBarView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void StatusBarView::paintLeft(QPainter& painter, const QRectF& line) const {
-    const Token color = m_flash ? Token::InkMed : Token::StatusText;
-    const TextLook plain = {caption(), kLine, color};
-    const QRect link = linkRect();
+    if (m_flashShare < 1) {
+        painter.setOpacity(1 - m_flashShare);
+        paintRest(painter, line);
+    }
+    if (m_flashShare > 0) {
+        painter.setOpacity(m_flashShare);
+        paintLine(painter, line, m_flashText, {caption(), kLine, Token::InkMed});
+    }
+}
+
+void StatusBarView::paintRest(QPainter& painter, const QRectF& line) const {
+    const TextLook plain = {caption(), kLine, Token::StatusText};
+    const QRect link = restLinkRect();
     if (link.isEmpty() || !m_pinned) {
-        paintLine(painter, line, leftText(), plain);
+        paintLine(painter, line, restText(), plain);
         return;
     }
     paintLine(painter, line, m_pinned->text + separator(), plain);

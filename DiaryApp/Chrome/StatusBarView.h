@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QtCore/QTimer>
+#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QWidget>
 #include <functional>
 #include <optional>
@@ -24,7 +25,7 @@ public:
     void update(const QString& path, const QString& status);
 
     // Shows the text for four seconds (the flash time). Another flash takes its place and begins
-    // anew.
+    // anew. It fades in and out; that is all paint, and the bar's texts change at once.
     void flash(const QString& text);
 
     // Shows the text and behind it the link, until unpin() or another pin(). A click on the link
@@ -36,6 +37,8 @@ public:
     [[nodiscard]] QString leftText() const;
     [[nodiscard]] const QString& rightText() const { return m_status; }
     [[nodiscard]] bool isFlashing() const { return m_flash.has_value(); }
+    // How much of the last flash is painted, 0 to 1; the rest is what stands there otherwise.
+    [[nodiscard]] double flashShare() const { return m_flashShare; }
     // Where a click runs the pinned action; empty while there is none to run.
     [[nodiscard]] QRect linkRect() const;
 
@@ -60,10 +63,15 @@ private:
     };
 
     void refresh();
+    void fadeFlash(double target, int milliseconds);
     void announce();
     void runAction();
     [[nodiscard]] QString withHomeShort(const QString& path) const;
+    // What stands at the left without a flash.
+    [[nodiscard]] QString restText() const;
+    [[nodiscard]] QRect restLinkRect() const;
     void paintLeft(QPainter& painter, const QRectF& line) const;
+    void paintRest(QPainter& painter, const QRectF& line) const;
 
     QString m_homeFolder;
     QString m_currentPath;
@@ -71,6 +79,10 @@ private:
     std::optional<QString> m_flash;
     std::optional<Pinned> m_pinned;
     QTimer m_flashTimer;
+    // Still painted while it fades out.
+    QString m_flashText;
+    double m_flashShare = 0;
+    QVariantAnimation m_fade;
 };
 
 }  // namespace velmar

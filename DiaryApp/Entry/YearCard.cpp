@@ -71,6 +71,7 @@ void YearCard::setYear(const Year& year) {
     const bool isOtherColor = year.isCurrent != m_year.isCurrent;
     m_year = year;
     setAccessibleName(spokenName());
+    setAccessibleDescription(hint());
     if (isOtherText) {
         m_matches.clear();
         m_isLaidOut = false;
@@ -89,6 +90,10 @@ QString YearCard::spokenName() const {
         parts.append(qtTrId("CurrentYearEmpty"));
     }
     return parts.join(QStringLiteral(", "));
+}
+
+QString YearCard::hint() const {
+    return m_year.isCurrent ? qtTrId("Keep writing") : qtTrId("Open");
 }
 
 void YearCard::setMatches(std::vector<diary::TextRange> ranges) {
@@ -205,17 +210,17 @@ void YearCard::paintHead(QPainter& painter) const {
 }
 
 void YearCard::paintHint(QPainter& painter, const QRectF& head) const {
-    const QString hint = m_year.isCurrent ? qtTrId("Keep writing") : qtTrId("Open");
+    const QString text = hint();
     const QColor color = theme::mixed(theme::color(Token::ChromeText), theme::color(Token::Accent),
                                       m_hover.currentValue().toDouble());
     const QFont font = fonts::sans(13);
     const double y = head.top() + (head.height() - kHintHeight) / 2 + 1;
     const QRectF arrow(head.right() - kArrow, y + (kHintHeight - kArrow) / 2, kArrow, kArrow);
     icons::paint(painter, arrow, QStringLiteral("arrow-right"), color);
-    const double x = arrow.left() - kArrowGap - QFontMetricsF(font).horizontalAdvance(hint);
+    const double x = arrow.left() - kArrowGap - QFontMetricsF(font).horizontalAdvance(text);
     painter.setFont(font);
     painter.setPen(color);
-    painter.drawText(QPointF(x, y + fonts::baseline(font, kHintHeight)), hint);
+    painter.drawText(QPointF(x, y + fonts::baseline(font, kHintHeight)), text);
 }
 
 // Return opens the card as Space does.

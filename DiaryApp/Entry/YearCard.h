@@ -69,6 +69,8 @@ private:
     [[nodiscard]] int textRows(double pageWidth) const;
     [[nodiscard]] int estimatedTextRows(double width) const;
     [[nodiscard]] QString spokenName() const;
+    // What a click does, in a word or two.
+    [[nodiscard]] QString hint() const;
     void makeText();
     void styleText();
     void fadeHover(bool isOver);

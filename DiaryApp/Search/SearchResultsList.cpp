@@ -1,6 +1,7 @@
 #include "DiaryApp/Search/SearchResultsList.h"
 
 #include <QtGui/QFocusEvent>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>
 
@@ -34,12 +35,30 @@ SearchResultsList::SearchResultsList(QWidget* parent)
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
     new OverlayScrollBar(this);
-    connect(this, &QListView::clicked, this, &SearchResultsList::clickedAt);
+    connect(this, &QListView::clicked, this, &SearchResultsList::tellHit);
 }
 
-void SearchResultsList::clickedAt(const QModelIndex& index) {
-    const SearchResultsModel::Line& line = m_model->line(index);
-    if (line.row != nullptr && onSelect) onSelect(line.row->index);
+bool SearchResultsList::isHit(const QModelIndex& index) const {
+    return index.isValid() && m_model->line(index).row != nullptr;
+}
+
+void SearchResultsList::tellHit(const QModelIndex& index) {
+    if (isHit(index) && onSelect) onSelect(m_model->line(index).row->index);
+}
+
+QModelIndex SearchResultsList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const QModelIndex found = QListView::moveCursor(action, modifiers);
+    if (!found.isValid() || isHit(found)) return found;
+    const bool isUp = action == MoveUp || action == MovePrevious || action == MovePageUp;
+    const QModelIndex above = m_model->index(found.row() - 1);
+    return isUp && isHit(above) ? above : m_model->index(found.row() + 1);
+}
+
+// A screen reader speaks the row that a key went to, so that row is what the page has to show.
+void SearchResultsList::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex before = currentIndex();
+    QListView::keyPressEvent(event);
+    if (currentIndex() != before) tellHit(currentIndex());
 }
 
 void SearchResultsList::setGroups(std::vector<SearchPaneState::Group> groups) {
@@ -57,7 +76,7 @@ void SearchResultsList::select(std::optional<int> hit) {
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     // The first hit of a year brings the year's head along.
     const QModelIndex above = m_model->index(index.row() - 1);
-    if (above.isValid() && m_model->line(above).row == nullptr) scrollTo(above);
+    if (above.isValid() && !isHit(above)) scrollTo(above);
     scrollTo(index);
     viewport()->update();
 }

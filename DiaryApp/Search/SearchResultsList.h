@@ -1,5 +1,6 @@
-// The list of hits. It shows which one is selected and tells a click; keys are the pane's. Only
-// what is visible is painted.
+// The list of hits. It shows which one is selected and tells a click, and where its own keys went:
+// Page Down, Home and the like, and the first digits of a date. The arrows, Return and Escape are
+// the pane's. Only what is visible is painted.
 #pragma once
 
 #include <QtWidgets/QListView>
@@ -17,7 +18,7 @@ class SearchResultsList : public QListView {
 public:
     explicit SearchResultsList(QWidget* parent = nullptr);
 
-    // The number of the hit that was clicked.
+    // The number of the hit that was clicked or that a key went to.
     std::function<void(int)> onSelect;
 
     // Replaces all rows, and goes back to the top.
@@ -26,13 +27,18 @@ public:
     void select(std::optional<int> hit);
 
 protected:
+    // Stops at hits only, never at the head of a year.
+    [[nodiscard]] QModelIndex moveCursor(CursorAction action,
+                                         Qt::KeyboardModifiers modifiers) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    void clickedAt(const QModelIndex& index);
+    void tellHit(const QModelIndex& index);
+    [[nodiscard]] bool isHit(const QModelIndex& index) const;
 
     SearchResultsModel* m_model;
     bool m_showsFocus = false;

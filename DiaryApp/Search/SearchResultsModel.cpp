@@ -45,8 +45,11 @@ int SearchResultsModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant SearchResultsModel::data(const QModelIndex& index, int role) const {
-    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) return spoken(line(index));
-    return {};
+    const Line& asked = line(index);
+    // Typed digits look among what is displayed: they go to a date, past the heads.
+    const bool isAsked =
+        role == Qt::AccessibleTextRole || (role == Qt::DisplayRole && asked.row != nullptr);
+    return isAsked ? spoken(asked) : QVariant();
 }
 
 Qt::ItemFlags SearchResultsModel::flags(const QModelIndex& index) const {

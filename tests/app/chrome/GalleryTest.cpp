@@ -10,6 +10,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include "DiaryApp/Appearance/Appearance.h"
+#include "DiaryApp/Appearance/Motion.h"
 #include "DiaryApp/Appearance/Theme.h"
 #include "DiaryApp/Chrome/AlertSheet.h"
 #include "DiaryApp/Chrome/MainMenuBuilder.h"
@@ -77,7 +78,10 @@ protected:
         QCoreApplication::setApplicationName(QStringLiteral("Velmar"));
         appearance::prepare();
         appearance::apply(*settings);
+        // The pictures are of what has arrived.
+        motion::setReduced(true);
     }
+    ~Gallery() override { motion::setReduced(false); }
 
     void build() {
         auto* layout = new QVBoxLayout(&window);

@@ -150,13 +150,13 @@ TEST_F(MenuTest, HasEveryCommandWithItsKey) {
                                                 "Random Day Ctrl+R\n"
                                                 "Year Calendar Ctrl+Y\n"
                                                 "Minimize Ctrl+M\n"
-                                                "Zoom"));
+                                                "Maximize"));
 }
 
 TEST_F(MenuTest, TextsFollowTheLanguage) {
     localization::install(Language::zhHans);
     MainMenuBuilder::retranslate(bar);
-    EXPECT_EQ(titles().join(u' '), QStringLiteral("日记 文件 编辑 格式 显示 前往 窗口"));
+    EXPECT_EQ(titles().join(u' '), QStringLiteral("日记 文件 编辑 格式 视图 前往 窗口"));
     EXPECT_EQ(MainMenuBuilder::item(bar, Action::Quit)->text(), QStringLiteral("退出 Velmar"));
     localization::install(Language::en);
 }

@@ -23,11 +23,11 @@ TEST_F(NoticesTest, TellsWhyASaveFailed) {
     EXPECT_EQ(cause(ENOSPC), QStringLiteral("The disk is full."));
     EXPECT_EQ(cause(EDQUOT), cause(ENOSPC));
     EXPECT_EQ(cause(EACCES),
-              QStringLiteral("You have no permission to write in the diary's folder."));
+              QStringLiteral("You have no permission to write in the diary’s folder."));
     EXPECT_EQ(cause(EPERM), cause(EACCES));
     EXPECT_EQ(cause(EROFS),
-              QStringLiteral("The diary's folder is on a disk that can only be read."));
-    EXPECT_EQ(cause(ENOENT), QStringLiteral("The diary's folder is not there."));
+              QStringLiteral("The diary’s folder is on a disk that can only be read."));
+    EXPECT_EQ(cause(ENOENT), QStringLiteral("The diary’s folder is not there."));
     EXPECT_EQ(cause(EIO), QStringLiteral("The system reports: Input/output error"));
 }
 

@@ -4,6 +4,8 @@
 
 #include <QtTest/QTest>
 
+#include "DiaryApp/Appearance/Motion.h"
+
 namespace velmar {
 namespace {
 
@@ -35,6 +37,44 @@ TEST_F(StatusBarViewTest, AFlashLastsAndThePathComesBack) {
     EXPECT_EQ(bar.leftText(), QStringLiteral("merged"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
     EXPECT_EQ(bar.leftText(), QStringLiteral("~/Documents/Diary/11-21.md"));
+}
+
+TEST_F(StatusBarViewTest, AFlashFadesInWhileItsTextIsThereAtOnce) {
+    StatusBarView patient(QStringLiteral("/home/me"));
+    patient.resize(600, StatusBarView::barHeight);
+    patient.show();
+    patient.update(QStringLiteral("/vault/11-21.md"), QString());
+    const QImage rest = patient.grab().toImage();
+    patient.flash(QStringLiteral("merged"));
+    EXPECT_EQ(patient.leftText(), QStringLiteral("merged"));
+    EXPECT_EQ(patient.flashShare(), 0);
+    EXPECT_EQ(patient.grab().toImage(), rest);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return patient.flashShare() == 1; }));
+    EXPECT_TRUE(patient.isFlashing());
+    EXPECT_NE(patient.grab().toImage(), rest);
+    // Another one is there at once: the place is a flash's already.
+    patient.flash(QStringLiteral("kept"));
+    EXPECT_EQ(patient.flashShare(), 1);
+}
+
+TEST_F(StatusBarViewTest, AFlashFadesOutAfterItsTime) {
+    const QImage rest = bar.grab().toImage();
+    bar.flash(QStringLiteral("merged"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.isFlashing(); }));
+    EXPECT_GT(bar.flashShare(), 0);
+    EXPECT_NE(bar.grab().toImage(), rest);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar.flashShare() == 0; }));
+    EXPECT_EQ(bar.grab().toImage(), rest);
+}
+
+TEST_F(StatusBarViewTest, AFlashDoesNotFadeWithReducedMotion) {
+    motion::setReduced(true);
+    bar.flash(QStringLiteral("merged"));
+    EXPECT_EQ(bar.flashShare(), 1);
+    const bool isOver = QTest::qWaitFor([&] { return !bar.isFlashing(); });
+    motion::setReduced(false);
+    ASSERT_TRUE(isOver);
+    EXPECT_EQ(bar.flashShare(), 0);
 }
 
 TEST_F(StatusBarViewTest, AFlashLastsFourSecondsUnlessToldOtherwise) {

@@ -126,6 +126,16 @@ TEST_F(AllYearsPageTest, ACardIsAButtonThatSaysItsYearAndItsFirstWords) {
     EXPECT_LT(card(2024).accessibleName().size(), 120);
 }
 
+TEST_F(AllYearsPageTest, ACardSaysWhatAClickDoes) {
+    write(2025, QStringLiteral("Rain all day"));
+    showAllYears();
+    const auto description = [this](int year) {
+        return QAccessible::queryAccessibleInterface(&card(year))->text(QAccessible::Description);
+    };
+    EXPECT_EQ(description(2026), QStringLiteral("Keep writing"));
+    EXPECT_EQ(description(2025), QStringLiteral("Open"));
+}
+
 TEST_F(AllYearsPageTest, ThisYearsEmptyCardHasARowAndNoText) {
     state.draft = QStringLiteral(" \n");
     showAllYears();

@@ -60,7 +60,7 @@ TEST_F(YearOverviewModelTest, SpeaksChineseAndJapanese) {
     setLanguage(Language::ja);
     EXPECT_EQ(model().title, QStringLiteral("年間カレンダー"));
     EXPECT_EQ(model().months[2].name, QStringLiteral("3月"));
-    EXPECT_EQ(model().months[2].dayCount, QStringLiteral("2 日"));
+    EXPECT_EQ(model().months[2].dayCount, QStringLiteral("2 日分"));
 }
 
 }  // namespace

@@ -86,7 +86,8 @@ protected:
         const QAbstractItemModel* model = list().model();
         for (int i = 0; i < model->rowCount(); ++i) {
             const QModelIndex index = model->index(i, 0);
-            if (index.data().toString().startsWith(date)) return list().visualRect(index);
+            const QString line = index.data(Qt::AccessibleTextRole).toString();
+            if (line.startsWith(date)) return list().visualRect(index);
         }
         return {};
     }

@@ -55,7 +55,8 @@ protected:
     [[nodiscard]] QStringList lines() {
         QStringList all;
         for (int i = 0; i < list().model()->rowCount(); ++i) {
-            all.append(list().model()->index(i, 0).data().toString().section(u',', 0, 0));
+            const QVariant line = list().model()->index(i, 0).data(Qt::AccessibleTextRole);
+            all.append(line.toString().section(u',', 0, 0));
         }
         return all;
     }
@@ -285,6 +286,55 @@ TEST_F(SearchPaneViewTest, AClickTellsTheHitAndLeavesTheFocusInTheField) {
     EXPECT_EQ(list().selectionModel()->selectedIndexes().first().row(), 1);
 }
 
+TEST_F(SearchPaneViewTest, KeysThatMoveInTheListTellTheHit) {
+    SearchSession session = canal();
+    // As the search does: what is told is selected.
+    pane.onSelect = [&](int index) {
+        selects.push_back(index);
+        session.selected = index;
+        show(session);
+    };
+    show(session);
+    list().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&list(), Qt::Key_End);
+    EXPECT_THAT(selects, ElementsAre(7));
+    EXPECT_EQ(list().selectionModel()->selectedIndexes(), QModelIndexList{list().currentIndex()});
+    QTest::keyClick(&list(), Qt::Key_End);
+    EXPECT_EQ(selects.size(), 1U);
+    // The first line is the head of a year, so Home goes below it.
+    QTest::keyClick(&list(), Qt::Key_Home);
+    EXPECT_THAT(selects, ElementsAre(7, 0));
+    QTest::keyClick(&list(), Qt::Key_PageDown);
+    ASSERT_EQ(selects.size(), 3U);
+    EXPECT_GT(selects.back(), 0);
+    QTest::keyClick(&list(), Qt::Key_PageUp);
+    QTest::keyClick(&list(), Qt::Key_PageUp);
+    EXPECT_EQ(selects.back(), 0);
+    EXPECT_EQ(list().currentIndex().row(), 1);
+    EXPECT_TRUE(moves.empty());
+    EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(SearchPaneViewTest, DigitsInTheListGoToADate) {
+    show(canal());
+    list().setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&list(), QStringLiteral("02"));
+    ASSERT_FALSE(selects.empty());
+    EXPECT_EQ(selects.back(), 3);
+    EXPECT_EQ(field().text(), QStringLiteral("canal"));
+}
+
+TEST_F(SearchPaneViewTest, StepsInTheListPassTheHeads) {
+    SearchSession session = canal();
+    session.selected = 4;
+    show(session);
+    list().setFocus(Qt::TabFocusReason);
+    // With Shift, the arrows are the list's.
+    QTest::keyClick(&list(), Qt::Key_Up, Qt::ShiftModifier);
+    QTest::keyClick(&list(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_THAT(selects, ElementsAre(3, 4));
+}
+
 TEST_F(SearchPaneViewTest, RecentSearchesStandInForTheRows) {
     SearchSession session;
     session.years = {2026};
@@ -391,7 +441,8 @@ TEST_F(SearchPaneViewTest, SpeaksTheInstalledLanguage) {
     localization::install(Language::ja);
     pane.retranslate();
     show(canal());
-    EXPECT_EQ(chipTexts().first(), QStringLiteral("[全て]"));
+    EXPECT_EQ(chipTexts().first(), QStringLiteral("[すべて]"));
+    for (const Chip* chip : chips()) EXPECT_LE(chip->x() + chip->width(), 228);
     EXPECT_EQ(field().placeholderText(), QStringLiteral("言葉、2024、2024-03、03-07"));
     EXPECT_EQ(lines().first(), QStringLiteral("今年"));
     localization::install(Language::en);
