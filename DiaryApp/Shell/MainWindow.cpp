@@ -5,12 +5,14 @@
 #include <QtGui/QCloseEvent>
 #include <QtGui/QDropEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QMenuBar>
 #include <algorithm>
 #include <array>
 
+#include "DiaryApp/Appearance/Theme.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/Chrome/TopBarView.h"
 #include "DiaryApp/Entry/EntryView.h"
@@ -36,6 +38,8 @@ MainWindow::MainWindow(Settings& settings)
       m_statusBar(new StatusBarView(settings.homeFolder(), this)) {
     setMinimumSize(leastSize);
     setAcceptDrops(true);
+    m_sidebar->hide();
+    m_rail->hide();
     addFocusKeys();
     restoreFrame();
 }
@@ -128,11 +132,23 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (onClosed) onClosed();
 }
 
-// What the paint isn't to wait for comes once it is on the screen.
+// The first time only the columns' grounds; what is on them comes once the page is on the screen.
 void MainWindow::paintEvent(QPaintEvent* /*event*/) {
-    if (std::exchange(m_isPainted, true)) return;
+    if (m_isPainted) return;
+    m_isPainted = true;
+    QPainter painter(this);
+    for (const QWidget* column :
+         {static_cast<QWidget*>(m_sidebar), static_cast<QWidget*>(m_rail)}) {
+        painter.fillRect(column->geometry(), theme::color(Token::Panel));
+    }
+    const int top = m_sidebar->y();
+    painter.fillRect(QRect(m_sidebar->geometry().right(), top, 1, m_sidebar->height()),
+                     theme::color(Token::Border));
+    painter.fillRect(QRect(m_rail->x(), top, 1, m_rail->height()), theme::color(Token::Border));
     QTimer::singleShot(0, this, [this] {
         if (onFirstPaint) onFirstPaint();
+        m_sidebar->show();
+        m_rail->show();
     });
 }
 

@@ -37,8 +37,12 @@ void MainWindowController::wire() {
     m_window->onFilesDropped = [this](const QList<QUrl>& files) {
         if (onImportDrop) onImportDrop(files);
     };
-    // Its snippets may need the fonts of other scripts, which take longer than everything else.
-    m_window->onFirstPaint = [this] { renderRail(); };
+    // The page is what was opened. The columns beside it take as long, and the fonts of other
+    // scripts in the rail's snippets longer than everything else.
+    m_window->onFirstPaint = [this] {
+        renderSidebar();
+        renderRail();
+    };
     wireMenu();
     wireEntry();
     wireColumns();

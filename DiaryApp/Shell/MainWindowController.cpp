@@ -107,6 +107,7 @@ void MainWindowController::renderTopBar() {
 }
 
 void MainWindowController::renderSidebar() {
+    if (!m_window->isPainted()) return;  // It comes a moment after the first page.
     const int before = m_vaultFacts.revision;
     if (m_isVaultKnown) {
         windowstates::refresh(m_vaultFacts, *m_store, m_session->currentMonthDay().month);
@@ -127,7 +128,7 @@ void MainWindowController::renderEntry() {
 }
 
 void MainWindowController::renderRail() {
-    if (!m_window->isPainted()) return;  // It comes a moment after the first page.
+    if (!m_window->isPainted()) return;
     const diary::MonthDay day = m_session->currentMonthDay();
     if (std::exchange(m_railDay, day) != day) m_window->rail()->scrollToTop();
     m_window->rail()->update(railModel(windowstates::rail(*m_session, search())));

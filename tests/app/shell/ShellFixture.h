@@ -10,6 +10,7 @@
 #include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Entry/EntryView.h"
+#include "DiaryApp/Navigation/YearRailView.h"
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryApp/Shell/MainWindow.h"
 #include "DiaryApp/Shell/MainWindowController.h"
@@ -38,6 +39,8 @@ protected:
         made->onClosed = [this] { ++closed; };
         made->onApplicationCommand = [this](Action action) { commands.push_back(action); };
         made->show();
+        // The columns come after the first paint.
+        EXPECT_TRUE(waitUntil([&] { return made->window()->rail()->isVisible(); }));
         return made;
     }
 
