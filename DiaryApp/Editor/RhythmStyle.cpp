@@ -19,6 +19,7 @@ using diary::MarkdownFont;
 constexpr double kLineFactor = 2.05;
 // How much larger than the body the headings of the six levels are, and how much smaller code is.
 constexpr std::array kHeadingSteps = {6, 4, 2, 0, 0, 0};
+constexpr MarkdownFont kFirstHeading = MarkdownFont::heading1;
 constexpr int kCodeStep = -2;
 constexpr double kMarkSize = 10;
 constexpr double kPillSize = 11;
@@ -71,14 +72,23 @@ RhythmStyle::RhythmStyle(const QFont& body, double fontSize, const QColor& textC
     : m_lineHeight(static_cast<int>(std::lround(fontSize * kLineFactor))),
       m_metrics{fontSize},
       m_textColor(textColor),
+      m_body(body),
+      m_fontSize(fontSize),
       m_hollowBullet(fonts::sans(fontSize)),
       m_mark(fonts::mono(kMarkSize)),
-      m_pill(fonts::sans(kPillSize, QFont::Medium)) {
-    m_faces[0] = FontFace(body);
-    m_faces[1] = FontFace(code(fontSize + kCodeStep));
-    for (std::size_t level = 0; level < kHeadingSteps.size(); ++level) {
-        m_faces[level + 2] = FontFace(heading(body, fontSize + kHeadingSteps[level]));
-    }
+      m_pill(fonts::sans(kPillSize, QFont::Medium)) {}
+
+QFont RhythmStyle::font(MarkdownFont font) const {
+    if (font == MarkdownFont::body) return m_body;
+    if (font == MarkdownFont::mono) return code(m_fontSize + kCodeStep);
+    const auto level = static_cast<std::size_t>(font) - static_cast<std::size_t>(kFirstHeading);
+    return heading(m_body, m_fontSize + kHeadingSteps[level]);
+}
+
+const FontFace& RhythmStyle::face(MarkdownFont font) const {
+    std::optional<FontFace>& face = m_faces[static_cast<std::size_t>(font)];
+    if (!face) face.emplace(this->font(font));
+    return *face;
 }
 
 QColor RhythmStyle::color(MarkdownColor color) const {

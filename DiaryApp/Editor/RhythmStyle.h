@@ -7,6 +7,7 @@
 #include <QtGui/QTextFormat>
 #include <array>
 #include <functional>
+#include <optional>
 
 #include "DiaryKit/Markdown/MarkdownHighlighting.h"
 
@@ -42,13 +43,12 @@ public:
     [[nodiscard]] const diary::MarkdownBlockMetrics& metrics() const { return m_metrics; }
     [[nodiscard]] const QColor& textColor() const { return m_textColor; }
 
-    [[nodiscard]] const FontFace& face(diary::MarkdownFont font) const {
-        return m_faces[static_cast<std::size_t>(font)];
-    }
+    // Measured when it is first asked for: a font costs a millisecond, and most pages need few.
+    [[nodiscard]] const FontFace& face(diary::MarkdownFont font) const;
     [[nodiscard]] const FontFace& body() const { return face(diary::MarkdownFont::body); }
 
     // The fonts of what is drawn for markers. Source Serif has no hollow bullet.
-    [[nodiscard]] const QFont& bulletFont() const { return m_faces[0].font; }
+    [[nodiscard]] const QFont& bulletFont() const { return m_body; }
     [[nodiscard]] const QFont& hollowBulletFont() const { return m_hollowBullet; }
     [[nodiscard]] const QFont& markFont() const { return m_mark; }
     [[nodiscard]] const QFont& pillFont() const { return m_pill; }
@@ -70,12 +70,15 @@ public:
     };
 
 private:
+    [[nodiscard]] QFont font(diary::MarkdownFont font) const;
     [[nodiscard]] QColor color(diary::MarkdownColor color) const;
 
     int m_lineHeight;
     diary::MarkdownBlockMetrics m_metrics;
     QColor m_textColor;
-    std::array<FontFace, 8> m_faces;
+    QFont m_body;
+    double m_fontSize;
+    mutable std::array<std::optional<FontFace>, 8> m_faces;
     QFont m_hollowBullet;
     QFont m_mark;
     QFont m_pill;
