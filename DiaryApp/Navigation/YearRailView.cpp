@@ -82,7 +82,8 @@ void YearRailView::showActiveCard(const RailModel& model) {
     const int year = index < 0 ? 0 : active->year;
     if (std::exchange(m_activeYear, year) == year || index < 0) return;
     // The footer lies over the lower end of the area.
-    m_area->ensureWidgetVisible(m_cards[static_cast<std::size_t>(index)], 0, kFootHeight + kCardGap);
+    m_area->ensureWidgetVisible(m_cards[static_cast<std::size_t>(index)], 0,
+                                kFootHeight + kCardGap);
 }
 
 void YearRailView::arrangeCards(const RailModel& model) {
