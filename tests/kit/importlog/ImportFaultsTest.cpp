@@ -197,7 +197,8 @@ TEST_P(ImportFaults, OfALongApplyLeaveWholeDaysAndBothWaysOut) {
     }
 }
 
-// An import whose third and second day the user went on writing in.
+// An import that the user went on writing in, in two of its days. The last day is one to remove,
+// so that no later write makes its removal last.
 class EditedImport {
 public:
     EditedImport() {
@@ -211,7 +212,7 @@ public:
         m_vault.write(third, m_vault.read(third) + "\n\n");
     }
 
-    static constexpr int kDays = 4;
+    static constexpr int kDays = 6;
     TemporaryVault m_vault;
     DayFiles m_old;
 };
