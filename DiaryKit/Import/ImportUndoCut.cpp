@@ -50,6 +50,15 @@ QString withoutNewRule(QStringView section, QStringView before) {
     return text::trimmed(text.sliced(kRule.size())).toString();
 }
 
+// The body of the year's first section as the file has it, or nothing without one.
+std::optional<QStringView> firstSection(int year, QStringView text) {
+    for (const YearSectionParser::Section& one : YearSectionParser::sections(text)) {
+        if (one.year != year) continue;
+        return text.sliced(one.bodyRange.location, one.bodyRange.end() - one.bodyRange.location);
+    }
+    return std::nullopt;
+}
+
 bool holds(QStringView text, QStringView part) {
     return !part.isEmpty() && text.contains(part);
 }
@@ -74,20 +83,18 @@ Cut cuttingOut(const ImportRecord::Added& added, const MonthDay& monthDay,
     const QString addition = text::trimmed(added.text).toString();
     const QString prior = backup ? YearSectionParser::body(added.year, *backup) : QString();
     if (isOfOldVersion && holds(prior, addition)) return {};
-    bool isThere = false;
-    for (const auto& section : YearSectionParser::sections(text)) {
-        isThere = isThere || section.year == added.year;
-    }
-    if (!isThere) return {.isNotFound = true};
-    const QString section = YearSectionParser::body(added.year, text);
+    const std::optional<QStringView> whole = firstSection(added.year, text);
+    if (!whole) return {.isNotFound = true};
+    const QStringView section = text::trimmed(*whole);
     const std::optional<QString> rest = cutSection(section, added, addition, prior);
     if (!rest) return {.isNotFound = true};
     QString body = withoutNewRule(*rest, section);
     if (body.isEmpty() && !added.appended) {
         return {.text = YearSectionParser::removingSection(added.year, text)};
     }
-    // What is left must not swallow the years behind it.
-    if (!YearSectionParser::leavesFenceOpen(section)) body = YearSectionParser::closingFence(body);
+    // What is left must not swallow the years behind it: the addition may have closed a fence, and
+    // trimming may show one that white space hid.
+    if (!YearSectionParser::leavesFenceOpen(*whole)) body = YearSectionParser::closingFence(body);
     return {.text = YearSectionParser::replacingBody(body, added.year, monthDay, text)};
 }
 

@@ -210,6 +210,16 @@ TEST(CuttingOut, ClosesAFenceThatTheAdditionHadClosed) {
     EXPECT_EQ(YearSectionParser::body(2024, *cut.text), u"later");
 }
 
+TEST(CuttingOut, ClosesAFenceThatWhiteSpaceHid) {
+    const ImportRecord::Added added{.year = 2023, .text = QStringLiteral("imported")};
+    const QString text =
+        QStringLiteral("# 01-02\n\n## 2023\n\n\u2029```\nmine\n\nimported\n\n## 2024\n\nlater\n");
+    const Cut cut = cuttingOut(added, {1, 2}, std::nullopt, false, text);
+    ASSERT_TRUE(cut.text.has_value());
+    EXPECT_EQ(YearSectionParser::body(2023, *cut.text), u"```\nmine\n```");
+    EXPECT_EQ(YearSectionParser::body(2024, *cut.text), u"later");
+}
+
 TEST(CuttingOut, AnOldRecordListsWhatTheDayHeldBefore) {
     const ImportRecord::Added added{.year = 2024, .text = QStringLiteral("imported")};
     const QString text = QStringLiteral("# 01-02\n\n## 2024\n\nimported\n\nmine\n");
