@@ -1,5 +1,6 @@
 #include "DiaryKit/Import/ImportLog.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QHash>
 #include <QtCore/QUuid>
 #include <algorithm>
@@ -110,6 +111,16 @@ void markDone(const ImportRecord& record, const QString& vault) {
     const QString folder = directory(vault);
     saveRecord(done, folder);
     removeJournal(folder, record.id);
+}
+
+int removeAbandonedTemporaries(const QString& vault) {
+    const QString folder = directory(vault);
+    int count = atomicfile::removeAbandonedTemporaries(folder);
+    const QStringList ids = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString& id : ids) {
+        count += atomicfile::removeAbandonedTemporaries(beforeFolder(folder, id));
+    }
+    return count;
 }
 
 }  // namespace diary::ImportLog

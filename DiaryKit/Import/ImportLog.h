@@ -53,4 +53,8 @@ struct DeviceIDStore {
 // Throws FileError if that can't be saved. That its journal can't be removed is passed over.
 void markDone(const ImportRecord& record, const QString& vault);
 
+// Removes the temporaries that dead processes of this machine left in the folders of the records,
+// and gives their number. The vault's own folder isn't looked at.
+int removeAbandonedTemporaries(const QString& vault);
+
 }  // namespace diary::ImportLog

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <string>
 
+#include "DiaryKit/Files/AtomicFile.h"
 #include "tests/kit/importlog/Imports.h"
 #include "tests/kit/importlog/WrittenBatch.h"
 #include "tests/support/Printing.h"
@@ -154,9 +155,19 @@ void undoAll(const TemporaryVault& vault, const Expected& expected) {
     EXPECT_EQ(dayFilesOf(vault), expected.old);
 }
 
-// Dies at the call, looks, and takes both ways out.
+// The next start leaves nothing of a dead process behind.
+void expectNoTemporaries(const TemporaryVault& vault) {
+    atomicfile::removeAbandonedTemporaries(vault.path());
+    ImportLog::removeAbandonedTemporaries(vault.path());
+    QDirIterator files(vault.path(), {QStringLiteral("*.tmp")}, QDir::Files | QDir::Hidden,
+                       QDirIterator::Subdirectories);
+    EXPECT_FALSE(files.hasNext()) << files.next().toStdString();
+}
+
+// Looks at what the end left, and takes both ways out.
 void examineBothWaysOut(const TemporaryVault& vault, const Expected& expected, int days) {
     examine(vault, expected);
+    expectNoTemporaries(vault);
     const TemporaryVault copy;
     copyVault(vault, copy);
     keepAndImportAgain(copy, expected, days);
