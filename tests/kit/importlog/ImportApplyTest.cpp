@@ -96,7 +96,9 @@ TEST(ImportApply, RefusesAPlanOfOtherOptionsAndTouchesNothing) {
 
 TEST(ImportApply, LeavesADoneRecordWithoutFilesIfEverythingArrivedMeanwhile) {
     const TemporaryVault vault;
-    const ImportBatch batch = oneEntry();
+    // Two entries of a section are known by the records alone.
+    const ImportBatch batch = batchOf({entryAt({2024, 1, 2}, {8, 0}, QStringLiteral("early")),
+                                       entryAt({2024, 1, 2}, {20, 0}, QStringLiteral("late"))});
     const ImportPlan plan = planIn(vault.path(), batch);
     importInto(vault.path(), batch);
     const DayFiles before = dayFilesOf(vault);
