@@ -55,9 +55,9 @@ int entryCount(const std::vector<File>& files) {
 }  // namespace
 
 QString deviceID(const DeviceIDStore& store) {
-    const QString stored = store.read();
+    QString stored = store.read();
     if (!stored.isEmpty()) return stored;
-    const QString made = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    QString made = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     store.write(made);
     return made;
 }

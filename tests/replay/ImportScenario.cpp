@@ -29,7 +29,7 @@ public:
     QJsonValue played(const QJsonObject& in) {
         m_vault.write(in[QLatin1String("files")].toObject());
         QJsonArray steps;
-        for (const QJsonValue& step : array(in, "steps")) steps.append(performed(step));
+        for (const auto& step : array(in, "steps")) steps.append(performed(step));
         QJsonArray befores;
         QJsonArray journals;
         for (const QString& id : m_imports) {
@@ -73,7 +73,7 @@ private:
         const ImportPlan plan =
             ImportPlanner::plan(given, options(step[QLatin1String("options")]),
                                 ImportLog::records(m_vault.path(), m_now), m_vault.path());
-        for (const QJsonValue& one : array(step, "between")) performed(one);
+        for (const auto& one : array(step, "between")) performed(one);
         QJsonArray told;
         QJsonObject out{{QStringLiteral("plan"), json(plan, given.source)},
                         {QStringLiteral("error"), QJsonValue::Null},

@@ -77,7 +77,7 @@ std::optional<QString> optionalText(const QJsonValue& in, const char* key) {
 
 QStringList texts(const QJsonArray& values) {
     QStringList list;
-    for (const QJsonValue& value : values) list << value.toString();
+    for (const auto& value : values) list << value.toString();
     return list;
 }
 
@@ -109,7 +109,7 @@ ImportedEntry entry(const QJsonValue& in) {
 
 std::vector<ImportedEntry> entries(const QJsonValue& in) {
     std::vector<ImportedEntry> list;
-    for (const QJsonValue& one : array(in, "entries")) list.push_back(entry(one));
+    for (const auto& one : array(in, "entries")) list.push_back(entry(one));
     return list;
 }
 
@@ -131,7 +131,7 @@ ImportOptions options(const QJsonValue& in) {
 
 std::vector<ImportRecord> records(const QJsonArray& values) {
     std::vector<ImportRecord> list;
-    for (const QJsonValue& value : values) {
+    for (const auto& value : values) {
         auto record = ImportRecord::decode(QJsonDocument(value.toObject()).toJson());
         if (record) list.push_back(std::move(*record));
     }

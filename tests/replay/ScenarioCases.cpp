@@ -26,8 +26,8 @@ bool leavesFenceOpen(const QJsonValue& addition) {
 QJsonArray additionsOf(const QJsonValue& step) {
     QJsonArray all;
     const QJsonArray changes = step[QLatin1String("plan")][QLatin1String("changes")].toArray();
-    for (const QJsonValue& change : changes) {
-        for (const QJsonValue& one : change[QLatin1String("additions")].toArray()) all.append(one);
+    for (const auto& change : changes) {
+        for (const auto& one : change[QLatin1String("additions")].toArray()) all.append(one);
     }
     return all;
 }
@@ -43,7 +43,7 @@ bool anyAddition(const QJsonObject& story, const std::function<bool(const QJsonV
 QJsonArray filtered(const QJsonValue& list, const std::function<bool(const QJsonValue&)>& holds,
                     const Map& map = {}) {
     QJsonArray kept;
-    for (const QJsonValue& one : list.toArray()) {
+    for (const auto& one : list.toArray()) {
         const QJsonValue mapped = map ? map(one) : one;
         if (holds(mapped)) kept.append(mapped);
     }
@@ -147,7 +147,7 @@ QJsonObject upToOpenFence(const QJsonObject& story, const QJsonObject& recordedS
             continue;
         }
         QJsonArray closed;
-        for (const QJsonValue& one : additionsOf(step)) {
+        for (const auto& one : additionsOf(step)) {
             const QString text = one[QLatin1String("text")].toString();
             closed.append(QJsonObject{
                 {QStringLiteral("year"), one[QLatin1String("year")]},

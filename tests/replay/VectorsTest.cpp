@@ -85,9 +85,9 @@ bool reportsLostEntries(const std::string& file, const QJsonObject& recorded) {
 void expectNoLostEntries(const QJsonValue& plan) {
     int entries = 0;
     const QJsonArray changes = plan[QLatin1String("changes")].toArray();
-    for (const QJsonValue& change : changes) {
+    for (const auto& change : changes) {
         const QJsonArray additions = change[QLatin1String("additions")].toArray();
-        for (const QJsonValue& addition : additions) {
+        for (const auto& addition : additions) {
             const int year = addition[QLatin1String("year")].toInt();
             EXPECT_TRUE(year >= 1000 && year <= 9999) << year;
             entries += static_cast<int>(addition[QLatin1String("entryKeys")].toArray().size());
@@ -99,7 +99,7 @@ void expectNoLostEntries(const QJsonValue& plan) {
 // The years of the additions that a story's plans tell, those without a header left out.
 void expectNoLostEntriesIn(const QJsonObject& story) {
     const QJsonArray steps = story[QLatin1String("steps")].toArray();
-    for (const QJsonValue& step : steps) {
+    for (const auto& step : steps) {
         if (step.toObject().contains(QLatin1String("plan"))) {
             expectNoLostEntries(step[QLatin1String("plan")]);
         }

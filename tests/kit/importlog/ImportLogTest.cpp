@@ -91,7 +91,7 @@ TEST_F(ImportLogTest, ListsAnUndoneImportForThirtyDays) {
     ImportRecord record = recordOf(QStringLiteral("one"), State::undone);
     record.undoneAt = moment();
     put(record);
-    constexpr qint64 kDay = 24 * 60 * 60;
+    constexpr qint64 kDay = 86'400;
     EXPECT_EQ(listed(29 * kDay).size(), 1);
     EXPECT_EQ(listed(30 * kDay).size(), 1);
     EXPECT_TRUE(listed(30 * kDay + 1).isEmpty());

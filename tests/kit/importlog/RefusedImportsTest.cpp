@@ -47,7 +47,7 @@ int importCode(const ImportBatch& batch) {
 // Fills the disk with an import, makes room again, and undoes it.
 std::string fillAndUndo() {
     const QString filler = QStringLiteral("filler");
-    atomicfile::write(filler, QByteArray(16 * 1024, 'x'));
+    atomicfile::write(filler, QByteArray(16'384, 'x'));
     const ImportBatch batch =
         writtenBatch(QStringLiteral("dayOne"), kDays, QString(500, QLatin1Char('x')));
     if (const int code = importCode(batch); code != ENOSPC) {
