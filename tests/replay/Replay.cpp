@@ -24,6 +24,7 @@ const Table& functions() {
         addImportSourceFunctions(all);
         addHtmlFunctions(all);
         addPlanFunctions(all);
+        addLogFunctions(all);
         return all;
     }();
     return table;

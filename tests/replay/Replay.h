@@ -20,6 +20,7 @@ void addImportFunctions(Table& table);
 void addImportSourceFunctions(Table& table);
 void addHtmlFunctions(Table& table);
 void addPlanFunctions(Table& table);
+void addLogFunctions(Table& table);
 
 // All functions of the kit that cases can name.
 [[nodiscard]] const Table& functions();

@@ -8,8 +8,13 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <cmath>
+#include <set>
+
+#include "tests/replay/ScenarioCases.h"
 
 namespace {
+
+using velmar_replay::Departure;
 
 // Numbers within half a unit of the sixth decimal are equal: that is how cases are rounded.
 bool equal(const QJsonValue& a, const QJsonValue& b) {
@@ -80,15 +85,44 @@ bool reportsLostEntries(const std::string& file, const QJsonObject& recorded) {
 void expectNoLostEntries(const QJsonValue& plan) {
     int entries = 0;
     const QJsonArray changes = plan[QLatin1String("changes")].toArray();
-    for (const QJsonValue& change : changes) {
+    for (const auto& change : changes) {
         const QJsonArray additions = change[QLatin1String("additions")].toArray();
-        for (const QJsonValue& addition : additions) {
+        for (const auto& addition : additions) {
             const int year = addition[QLatin1String("year")].toInt();
             EXPECT_TRUE(year >= 1000 && year <= 9999) << year;
             entries += static_cast<int>(addition[QLatin1String("entryKeys")].toArray().size());
         }
     }
     EXPECT_EQ(plan[QLatin1String("stats")][QLatin1String("entries")].toInt(), entries);
+}
+
+// The years of the additions that a story's plans tell, those without a header left out.
+void expectNoLostEntriesIn(const QJsonObject& story) {
+    const QJsonArray steps = story[QLatin1String("steps")].toArray();
+    for (const auto& step : steps) {
+        if (step.toObject().contains(QLatin1String("plan"))) {
+            expectNoLostEntries(step[QLatin1String("plan")]);
+        }
+    }
+}
+
+// Whether the case is a story that we tell in another way; checks what must hold in it then.
+bool isOtherStory(const std::string& file, const QJsonObject& recorded, const QJsonObject& told) {
+    if (file != "importScenario.jsonl") return false;
+    switch (velmar_replay::departure(recorded)) {
+        case Departure::None:
+            return false;
+        case Departure::HeaderlessYears:
+            expectNoLostEntriesIn(told);
+            EXPECT_EQ(velmar_replay::withoutHeaderlessYears(told),
+                      velmar_replay::withoutHeaderlessYears(recorded));
+            return true;
+        case Departure::OpenFence:
+            EXPECT_EQ(velmar_replay::upToOpenFence(told, recorded),
+                      velmar_replay::upToOpenFence(recorded, recorded));
+            return true;
+    }
+    return false;
 }
 
 class RecordedCases : public testing::TestWithParam<std::string> {};
@@ -99,6 +133,7 @@ TEST_P(RecordedCases, GiveTheRecordedAnswer) {
     ASSERT_FALSE(cases.isEmpty());
     const QList<QByteArray> answers = replayed(cases);
     ASSERT_EQ(answers.size(), cases.size());
+    std::set<qsizetype> others;
     for (qsizetype i = 0; i < cases.size(); ++i) {
         const QJsonObject expected = QJsonDocument::fromJson(cases[i]).object();
         const QJsonObject answer = QJsonDocument::fromJson(answers[i]).object();
@@ -107,11 +142,20 @@ TEST_P(RecordedCases, GiveTheRecordedAnswer) {
             expectNoLostEntries(answer[QLatin1String("out")]);
             continue;
         }
+        if (isOtherStory(GetParam(), expected[QLatin1String("out")].toObject(),
+                         answer[QLatin1String("out")].toObject())) {
+            others.insert(i + 1);
+            continue;
+        }
         EXPECT_TRUE(equal(answer[QLatin1String("out")], expectedAnswer(GetParam(), expected)))
             << "line " << i + 1 << "\n"
             << cases[i].toStdString() << "\n"
             << answers[i].toStdString();
     }
+    // Known by their lines, so that no other story departs unseen.
+    const bool isScenario = GetParam() == "importScenario.jsonl";
+    const std::set<qsizetype> known = {5, 16, 28, 31, 39};
+    EXPECT_EQ(others, isScenario ? known : std::set<qsizetype>());
 }
 
 std::vector<std::string> recordedFiles() {

@@ -1,0 +1,32 @@
+// The journal of an import that is being written: what is about to happen to a day is on the disk
+// before it happens. docs/formats/import-record.md shows its lines.
+#pragma once
+
+#include <QtCore/QString>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Import/ImportRecord.h"
+
+namespace diary {
+
+class ImportJournal {
+public:
+    // Makes the file, empty, with its name on the disk. Throws FileError (Write).
+    explicit ImportJournal(QString path);
+    ~ImportJournal();
+    ImportJournal(const ImportJournal&) = delete;
+    ImportJournal& operator=(const ImportJournal&) = delete;
+
+    // Adds one line. Synced, it is on the disk when this returns. Throws FileError (Write); a part
+    // of the line may stand there then, which readers pass over.
+    void append(const ImportRecord::File& file, atomicfile::Durability durability);
+
+    // Closes the file; nothing may be appended any more.
+    void close();
+
+private:
+    QString m_path;
+    int m_file;
+};
+
+}  // namespace diary

@@ -1,0 +1,126 @@
+#include "DiaryKit/Import/ImportLog.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QHash>
+#include <QtCore/QUuid>
+#include <algorithm>
+#include <iterator>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Import/ImportLogFiles.h"
+
+namespace diary::ImportLog {
+
+namespace {
+
+using File = ImportRecord::File;
+using State = ImportRecord::State;
+
+// For so long an undone import is still listed.
+constexpr qint64 kListedAfterUndo = qint64{30} * 24 * 60 * 60;
+
+bool isListed(const ImportRecord& record, const QDateTime& now) {
+    if (record.state != State::undone || !record.undoneAt) return true;
+    return record.undoneAt->secsTo(now) <= kListedAfterUndo;
+}
+
+// The files of a journal's lines, one for each day.
+std::vector<File> filesOf(const QByteArray& journal) {
+    std::vector<File> files;
+    QHash<QString, size_t> places;
+    for (const QByteArray& line : journal.split('\n')) {
+        std::optional<File> file = File::decode(line);
+        if (!file) continue;
+        const auto place = places.constFind(file->day);
+        if (place != places.constEnd()) {
+            files[*place] = std::move(*file);
+            continue;
+        }
+        places.insert(file->day, files.size());
+        files.push_back(std::move(*file));
+    }
+    return files;
+}
+
+int entryCount(const std::vector<File>& files) {
+    qsizetype count = 0;
+    for (const File& file : files) {
+        for (const ImportRecord::Added& added : file.added) {
+            if (added.entryKeys) count += added.entryKeys->size();
+        }
+    }
+    return static_cast<int>(count);
+}
+
+}  // namespace
+
+QString deviceID(const DeviceIDStore& store) {
+    QString stored = store.read();
+    if (!stored.isEmpty()) return stored;
+    QString made = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    store.write(made);
+    return made;
+}
+
+QString directory(const QString& vault) {
+    return vault + QLatin1String("/.velmar/imports");
+}
+
+QString idStem(const QDateTime& moment, const QTimeZone& zone, ImportSource source) {
+    const QString time = moment.toTimeZone(zone).toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    return time + u'-' + import_source::spelling(source) + u'-';
+}
+
+std::vector<ImportRecord> records(const QString& vault, const QDateTime& now) {
+    const QString folder = directory(vault);
+    std::vector<ImportRecord> found;
+    for (const QString& name : recordNames(folder)) {
+        std::optional<ImportRecord> record = readRecord(folder, name);
+        if (record && isListed(*record, now)) found.push_back(std::move(*record));
+    }
+    std::stable_sort(found.begin(), found.end(),
+                     [](const ImportRecord& a, const ImportRecord& b) { return a.at > b.at; });
+    return found;
+}
+
+ImportRecord mergingJournal(ImportRecord record, const QString& folder) {
+    const auto journal = atomicfile::tryRead(journalPath(folder, record.id));
+    if (!journal) return record;
+    std::vector<File> files = filesOf(*journal);
+    if (files.empty()) return record;
+    record.days = static_cast<int>(files.size());
+    record.entries = entryCount(files);
+    record.files = std::move(files);
+    return record;
+}
+
+std::vector<ImportRecord> interrupted(std::span<const ImportRecord> records,
+                                      const QString& deviceID) {
+    std::vector<ImportRecord> found;
+    std::copy_if(records.begin(), records.end(), std::back_inserter(found),
+                 [&](const ImportRecord& record) {
+                     const bool isOurs = record.deviceID.value_or(deviceID) == deviceID;
+                     return record.state == State::writing && isOurs;
+                 });
+    return found;
+}
+
+void markDone(const ImportRecord& record, const QString& vault) {
+    ImportRecord done = record;
+    done.state = State::done;
+    const QString folder = directory(vault);
+    saveRecord(done, folder);
+    removeJournal(folder, record.id);
+}
+
+int removeAbandonedTemporaries(const QString& vault) {
+    const QString folder = directory(vault);
+    int count = atomicfile::removeAbandonedTemporaries(folder);
+    const QStringList ids = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString& id : ids) {
+        count += atomicfile::removeAbandonedTemporaries(beforeFolder(folder, id));
+    }
+    return count;
+}
+
+}  // namespace diary::ImportLog

@@ -1,0 +1,68 @@
+#include "DiaryKit/Import/ImportLogFiles.h"
+
+#include <dirent.h>
+#include <unistd.h>
+
+#include <QtCore/QFile>
+#include <memory>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Import/ImportLog.h"
+
+namespace diary::ImportLog {
+
+namespace {
+
+const QLatin1String kEnding(".json");
+
+// Records come from other machines too. One must not reach for files elsewhere.
+bool staysInFolder(const QString& id) {
+    const bool isStep = id == QLatin1String(".") || id == QLatin1String("..");
+    return !id.isEmpty() && !isStep && !id.contains(u'/') && !id.contains(QChar(0));
+}
+
+}  // namespace
+
+QString recordPath(const QString& folder, const QString& id) {
+    return folder + u'/' + id + kEnding;
+}
+
+QString journalPath(const QString& folder, const QString& id) {
+    return folder + u'/' + id + QLatin1String("/journal.jsonl");
+}
+
+QString beforeFolder(const QString& folder, const QString& id) {
+    return folder + u'/' + id + QLatin1String("/before");
+}
+
+QStringList recordNames(const QString& folder) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(
+        ::opendir(QFile::encodeName(folder).constData()), ::closedir);
+    QStringList names;
+    if (!listing) return names;
+    while (const dirent* entry = ::readdir(listing.get())) {
+        const QString name = QFile::decodeName(entry->d_name);
+        if (name.endsWith(kEnding)) names.append(name);
+    }
+    names.sort();
+    return names;
+}
+
+std::optional<ImportRecord> readRecord(const QString& folder, const QString& name) {
+    const std::optional<QByteArray> bytes = atomicfile::tryRead(folder + u'/' + name);
+    if (!bytes) return std::nullopt;
+    std::optional<ImportRecord> record = ImportRecord::decode(*bytes);
+    if (!record || !staysInFolder(record->id)) return std::nullopt;
+    if (record->state != ImportRecord::State::writing) return record;
+    return mergingJournal(std::move(*record), folder);
+}
+
+void saveRecord(const ImportRecord& record, const QString& folder) {
+    atomicfile::write(recordPath(folder, record.id), record.encoded());
+}
+
+void removeJournal(const QString& folder, const QString& id) {
+    (void)::unlink(QFile::encodeName(journalPath(folder, id)).constData());
+}
+
+}  // namespace diary::ImportLog

@@ -1,0 +1,31 @@
+// The files of the records' folder, shared by what lists, writes and undoes imports. Not for use
+// outside DiaryKit/Import.
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <optional>
+
+#include "DiaryKit/Import/ImportRecord.h"
+
+namespace diary::ImportLog {
+
+// "<folder>/<id>.json", "<folder>/<id>/journal.jsonl" and "<folder>/<id>/before".
+[[nodiscard]] QString recordPath(const QString& folder, const QString& id);
+[[nodiscard]] QString journalPath(const QString& folder, const QString& id);
+[[nodiscard]] QString beforeFolder(const QString& folder, const QString& id);
+
+// The names in the folder that end in ".json", sorted; none if it can't be listed.
+[[nodiscard]] QStringList recordNames(const QString& folder);
+
+// Reads the record of this file name, with its journal merged if it is being written. Nothing if it
+// can't be read, or names its files by an identifier that leads out of the folder.
+[[nodiscard]] std::optional<ImportRecord> readRecord(const QString& folder, const QString& name);
+
+// Writes the record, synced. Throws FileError (Write).
+void saveRecord(const ImportRecord& record, const QString& folder);
+
+// Removes the journal if it can be removed. It has no meaning beside a finished record.
+void removeJournal(const QString& folder, const QString& id);
+
+}  // namespace diary::ImportLog

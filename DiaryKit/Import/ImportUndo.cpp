@@ -1,0 +1,128 @@
+#include "DiaryKit/Import/ImportUndo.h"
+
+#include <unistd.h>
+
+#include <QtCore/QFile>
+#include <cerrno>
+
+#include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Foundation/FileError.h"
+#include "DiaryKit/Foundation/Utf8.h"
+#include "DiaryKit/Import/ImportLog.h"
+#include "DiaryKit/Import/ImportLogFiles.h"
+#include "DiaryKit/Import/ImportRecordKeys.h"
+#include "DiaryKit/Vault/DayFile.h"
+#include "DiaryKit/Vault/YearSectionParser.h"
+
+namespace diary::ImportLog {
+
+namespace {
+
+[[noreturn]] void throwCorrupt(const QString& path) {
+    throw FileError(FileOperation::Read, path, EBADMSG);
+}
+
+void removeDay(const QString& path) {
+    if (::unlink(QFile::encodeName(path).constData()) != 0 && errno != ENOENT) {
+        throw FileError(FileOperation::Write, path, errno);
+    }
+    atomicfile::syncFolder(path.section(u'/', 0, -2));
+}
+
+// Undoes one day, whose text it has from within the coordination of its write.
+class DayUndo {
+public:
+    DayUndo(const ImportRecord::File& file, const MonthDay& monthDay, QString backupPath,
+            UndoResult& result)
+        : m_file(file),
+          m_monthDay(monthDay),
+          m_backupPath(std::move(backupPath)),
+          m_result(result) {}
+
+    void perform(const QString& path, const QString& text) {
+        const std::optional<QString> backup = checkedBackup();
+        if (backup == text) return;
+        if (m_file.after == hash(text)) {
+            restore(path, backup);
+        } else if (m_file.committed == false) {
+            // The write was announced and can't be seen.
+            m_result.notFound += static_cast<int>(m_file.added.size());
+        } else {
+            cut(path, text, backup);
+        }
+    }
+
+private:
+    // The day's text before the import; nothing if it had none. A damaged copy must never be
+    // written over a diary.
+    [[nodiscard]] std::optional<QString> checkedBackup() const {
+        if (!m_file.existed) {
+            if (m_file.before) throwCorrupt(m_backupPath);
+            return std::nullopt;
+        }
+        std::optional<QString> backup = utf8::decodedStrictly(atomicfile::read(m_backupPath));
+        if (!backup) throw FileError(FileOperation::Read, m_backupPath, EILSEQ);
+        if (m_file.before && m_file.before != hash(*backup)) throwCorrupt(m_backupPath);
+        return backup;
+    }
+
+    void restore(const QString& path, const std::optional<QString>& backup) {
+        if (backup) {
+            atomicfile::write(path, backup->toUtf8());
+        } else {
+            removeDay(path);
+        }
+        ++m_result.restored;
+    }
+
+    void cut(const QString& path, const QString& text, const std::optional<QString>& backup) {
+        QString working = text;
+        bool isChanged = false;
+        for (const ImportRecord::Added& added : m_file.added) {
+            Cut cut = cuttingOut(added, m_monthDay, backup, !m_file.after, working);
+            if (cut.isNotFound) ++m_result.notFound;
+            if (!cut.text) continue;
+            working = std::move(*cut.text);
+            isChanged = true;
+        }
+        if (!isChanged) return;
+        const bool isEmpty =
+            YearSectionParser::isEffectivelyEmpty(working, m_monthDay.headerTitle());
+        if (!m_file.existed && isEmpty) {
+            removeDay(path);
+        } else {
+            atomicfile::write(path, working.toUtf8());
+        }
+        ++m_result.edited;
+    }
+
+    const ImportRecord::File& m_file;
+    MonthDay m_monthDay;
+    QString m_backupPath;
+    UndoResult& m_result;
+};
+
+}  // namespace
+
+UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now) {
+    const QString folder = directory(vault);
+    UndoResult result;
+    for (const ImportRecord::File& file : record.files) {
+        const auto monthDay = MonthDay::parse(file.day + QLatin1String(".md"));
+        if (!monthDay) continue;
+        DayUndo day(file, *monthDay, beforeFolder(folder, record.id) + u'/' + monthDay->fileName(),
+                    result);
+        dayfile::modifyingFile(vault, *monthDay,
+                               [&](const QString& path, const std::optional<QString>& text) {
+                                   if (text) day.perform(path, *text);
+                               });
+    }
+    ImportRecord undone = record;
+    undone.state = ImportRecord::State::undone;
+    undone.undoneAt = now;
+    saveRecord(undone, folder);
+    removeJournal(folder, record.id);
+    return result;
+}
+
+}  // namespace diary::ImportLog

@@ -1,0 +1,52 @@
+// Takes an import out of the vault again. A day that is as the import left it gets its old text
+// back, byte for byte; from a day that was written in since, only the import's own text is cut out.
+// What can't be found with certainty stays, and is counted.
+#pragma once
+
+#include <QtCore/QDateTime>
+#include <QtCore/QString>
+#include <optional>
+
+#include "DiaryKit/Import/ImportRecord.h"
+
+namespace diary::ImportLog {
+
+struct UndoResult {
+    // Day files put back as they were.
+    int restored = 0;
+    // Day files that had changed, and that the imported text was cut out of.
+    int edited = 0;
+    // Additions, a year's worth of imported text each, that stayed for want of certainty.
+    int notFound = 0;
+
+    bool operator==(const UndoResult&) const = default;
+};
+
+// Undoes the import of `record`, as `records` gives it, and marks it "undone" at `now`. A day file
+// that was deleted stays so.
+//
+// Throws FileError and stops there, with the record as it was, so that it can be tried again: as
+// dayfile::modifyingFile does, for what can't be written, and with the operation Read for the copy
+// of a day's old text: the system's code if it can't be read, EILSEQ if it isn't UTF-8, EBADMSG if
+// its digest isn't the recorded one. Blocks; any thread, but never twice at once on one record.
+UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now);
+
+// A day's text without what was added to one year of it.
+struct Cut {
+    // Absent if nothing was cut.
+    std::optional<QString> text = {};
+    // The addition may still be there, and can't be told from the user's own words.
+    bool isNotFound = false;
+
+    bool operator==(const Cut&) const = default;
+};
+
+// Cuts the addition out of `text`, the day's text as it is now. `backup` is its text before the
+// import; `isOfOldVersion` tells of a record that lacks the digest of what was written, and may
+// list what the day held before. Never cuts into a line. Pure.
+//   {2024, "tea"}, "# 01-02\n\n## 2024\n\ntea\n\nmine\n" -> "# 01-02\n\n## 2024\n\nmine\n"
+[[nodiscard]] Cut cuttingOut(const ImportRecord::Added& added, const MonthDay& monthDay,
+                             const std::optional<QString>& backup, bool isOfOldVersion,
+                             const QString& text);
+
+}  // namespace diary::ImportLog
