@@ -3,6 +3,7 @@
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextLayout>
 #include <algorithm>
@@ -294,6 +295,16 @@ void GrowingTextView::selectRange(TextRange range) {
 // A document that counts as unmodified merges the next edit into no earlier one.
 void GrowingTextView::breakUndo() {
     document()->setModified(false);
+}
+
+void GrowingTextView::confirmComposition() {
+    if (!isComposing()) return;
+    QGuiApplication::inputMethod()->commit();
+    if (!isComposing()) return;
+    // An input method that doesn't commit when asked.
+    QInputMethodEvent commit;
+    commit.setCommitString(textCursor().block().layout()->preeditAreaText());
+    QCoreApplication::sendEvent(this, &commit);
 }
 
 void GrowingTextView::dropComposition() {

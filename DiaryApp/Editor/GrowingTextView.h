@@ -134,6 +134,9 @@ private:
     [[nodiscard]] diary::TextRange clamped(diary::TextRange range) const;
     void breakUndo();
     void dropComposition();
+    // Takes what is composed into the text, as the input method would: the caret is about to leave
+    // its paragraph, where it would stay behind and be seen without being there.
+    void confirmComposition();
     void settleCaret();
     [[nodiscard]] std::optional<int> caretOutsideHiddenMarker(const QTextCursor& caret) const;
 
@@ -174,6 +177,8 @@ private:
     // The last settled selection; nothing where the caret may not be taken to have moved by one.
     std::optional<diary::TextRange> m_lastSelection;
     bool m_isInert = false;
+    // The mouse was pressed on a box and is still down.
+    bool m_isBoxPressed = false;
     bool m_isApplying = false;
     bool m_isLoading = false;
     bool m_isSettling = false;

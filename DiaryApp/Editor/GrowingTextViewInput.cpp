@@ -59,6 +59,7 @@ void GrowingTextView::keyPressEvent(QKeyEvent* event) {
     // Home leads to the start of the line's text; it isn't a step to the left.
     if (isHome) m_lastSelection.reset();
     if (!isReadOnly()) breakUndoAtSentence(event->text());
+    if (isCaretKey(event->key())) confirmComposition();
     QTextEdit::keyPressEvent(event);
     // The page may have been scrolled away from a caret that can't go further.
     if (isCaretKey(event->key()) && onCaretMoved) onCaretMoved();
@@ -106,6 +107,7 @@ bool GrowingTextView::editingKey(const QKeyEvent& event) {
 // expect, and reset the formats of an empty line.
 void GrowingTextView::pressReturn() {
     if (canFormat() && applyIfAny(editing::newline(draft(), selection()))) return;
+    confirmComposition();
     breakUndo();
     textCursor().insertBlock();
     ensureCursorVisible();
@@ -166,6 +168,7 @@ void GrowingTextView::type(const QString& text) {
 
 // The view is as high as its text, so a page is what the page around it shows.
 void GrowingTextView::movePage(QTextCursor::MoveOperation direction, bool extends) {
+    confirmComposition();
     QTextCursor caret = textCursor();
     const auto mode = extends ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
     const int rows = qMax(1, m_pageHeight / lineHeight() - 1);
@@ -236,12 +239,14 @@ void GrowingTextView::describeLine() {
 }
 
 void GrowingTextView::mousePressEvent(QMouseEvent* event) {
-    if (!toggleTaskAt(*event)) QTextEdit::mousePressEvent(event);
+    m_isBoxPressed = toggleTaskAt(*event);
+    if (!m_isBoxPressed) QTextEdit::mousePressEvent(event);
 }
 
 // The second of two quick clicks on a box comes as a double click.
 void GrowingTextView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (!toggleTaskAt(*event)) QTextEdit::mouseDoubleClickEvent(event);
+    m_isBoxPressed = toggleTaskAt(*event);
+    if (!m_isBoxPressed) QTextEdit::mouseDoubleClickEvent(event);
 }
 
 void GrowingTextView::mouseMoveEvent(QMouseEvent* event) {
@@ -250,6 +255,8 @@ void GrowingTextView::mouseMoveEvent(QMouseEvent* event) {
     if (!isDragging && !m_isInert) {
         viewport()->setCursor(taskAt(point) ? Qt::ArrowCursor : Qt::IBeamCursor);
     }
+    // A hand that trembles on a box selects nothing: the click ended with the press.
+    if (isDragging && m_isBoxPressed) return;
     QTextEdit::mouseMoveEvent(event);
     // The page may have scrolled, and the text with it.
     const QPoint now = viewport()->mapFromGlobal(event->globalPosition().toPoint());
@@ -259,7 +266,7 @@ void GrowingTextView::mouseMoveEvent(QMouseEvent* event) {
 
 void GrowingTextView::mouseReleaseEvent(QMouseEvent* event) {
     m_dragTimer.stop();
-    QTextEdit::mouseReleaseEvent(event);
+    if (!std::exchange(m_isBoxPressed, false)) QTextEdit::mouseReleaseEvent(event);
 }
 
 void GrowingTextView::timerEvent(QTimerEvent* event) {

@@ -75,11 +75,23 @@ TEST_F(CompositionTest, NoCommandRunsWhileComposing) {
     EXPECT_FALSE(editor.draft().contains(QStringLiteral("**")));
 }
 
-TEST_F(CompositionTest, ReturnWhileComposingBreaksTheLinePlainly) {
+TEST_F(CompositionTest, ReturnConfirmsTheCompositionAndBreaksTheLinePlainly) {
     load(QStringLiteral("- a|"));
     compose(QStringLiteral("か"));
     press(Qt::Key_Return);
-    EXPECT_EQ(editor.draft(), QStringLiteral("- a\n"));
+    EXPECT_EQ(shown(), QStringLiteral("- aか\n|"));
+    EXPECT_TRUE(editor.document()->firstBlock().layout()->preeditAreaText().isEmpty());
+}
+
+TEST_F(CompositionTest, KeysThatLeaveTheParagraphConfirmTheComposition) {
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Home}) {
+        load(QStringLiteral("a\nb|"));
+        compose(QStringLiteral("か"));
+        press(key);
+        EXPECT_EQ(editor.draft(), QStringLiteral("a\nbか"));
+        EXPECT_FALSE(editor.isComposing());
+        EXPECT_TRUE(editor.document()->lastBlock().layout()->preeditAreaText().isEmpty());
+    }
 }
 
 TEST_F(CompositionTest, WideMarkersThatAreCommittedAreRewritten) {

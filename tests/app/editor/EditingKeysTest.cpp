@@ -251,6 +251,18 @@ TEST_F(EditingKeysTest, AClickOnABoxChecksItsTaskAndLeavesTheSelection) {
     EXPECT_EQ(editor.draft(), before);
 }
 
+TEST_F(EditingKeysTest, AHandThatTremblesOnABoxSelectsNothing) {
+    load(QStringLiteral("- [ ] a\n- [x] |b"));
+    const QPoint box(RhythmLayout::markRoom + 22 + 8, 17);
+    QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, box);
+    const QPointF moved = box + QPoint(3, 2);
+    QMouseEvent move(QEvent::MouseMove, moved, editor.viewport()->mapToGlobal(moved), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(editor.viewport(), &move);
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, box + QPoint(3, 2));
+    EXPECT_EQ(shown(), QStringLiteral("- [x] a\n- [x] |b"));
+}
+
 TEST_F(EditingKeysTest, TheMouseIsAnArrowOverABox) {
     editor.load(QStringLiteral("- [ ] a"));
     QTest::mouseMove(editor.viewport(), QPoint(RhythmLayout::markRoom + 22 + 8, 17));
