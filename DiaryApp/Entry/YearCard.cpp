@@ -4,11 +4,9 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QTextDocument>
-#include <QtWidgets/QFocusFrame>
 
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
-#include "DiaryApp/Appearance/Motion.h"
 #include "DiaryApp/Editor/GrowingTextView.h"
 #include "DiaryApp/Editor/RhythmStyle.h"
 #include "DiaryApp/Entry/PageParts.h"
@@ -21,7 +19,6 @@ namespace velmar {
 namespace {
 
 constexpr double kRadius = 10;
-constexpr int kHoverMilliseconds = 90;
 constexpr double kArrow = 14;
 constexpr double kArrowGap = 7;
 constexpr double kHintHeight = 20;
@@ -44,14 +41,10 @@ CardStyle::CardStyle(const Settings& settings)
       narrow(QFontMetricsF(body).averageCharWidth()),
       wide(QFontMetricsF(body).horizontalAdvance(QStringLiteral("永"))) {}
 
-YearCard::YearCard(const CardStyle& style, QWidget* page) : QAbstractButton(page), m_style(style) {
+YearCard::YearCard(const CardStyle& style, QWidget* page)
+    : QAbstractButton(page), m_style(style), m_hover(this), m_ring(this, kRadius) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
-    m_hover.setStartValue(0.0);
-    m_hover.setEndValue(1.0);
-    m_hover.setDuration(kHoverMilliseconds);
-    m_hover.setEasingCurve(QEasingCurve::OutQuad);
-    connect(&m_hover, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
 }
 
 YearCard::~YearCard() {
@@ -167,19 +160,9 @@ void YearCard::place(const QRect& card, double pageWidth) {
 }
 
 bool YearCard::event(QEvent* event) {
-    if (event->type() == QEvent::HoverEnter) fadeHover(true);
-    if (event->type() == QEvent::HoverLeave) fadeHover(false);
+    if (event->type() == QEvent::HoverEnter) m_hover.setOver(true);
+    if (event->type() == QEvent::HoverLeave) m_hover.setOver(false);
     return QAbstractButton::event(event);
-}
-
-void YearCard::fadeHover(bool isOver) {
-    m_hover.setDirection(isOver ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
-    if (!motion::isReduced() && isVisible()) {
-        if (m_hover.state() != QAbstractAnimation::Running) m_hover.start();
-    } else {
-        m_hover.stop();
-        m_hover.setCurrentTime(isOver ? kHoverMilliseconds : 0);
-    }
 }
 
 void YearCard::paintEvent(QPaintEvent* /*event*/) {
@@ -195,7 +178,7 @@ void YearCard::paintEvent(QPaintEvent* /*event*/) {
 
 void YearCard::paintBox(QPainter& painter) const {
     const Token rest = m_year.isCurrent ? Token::CardBgActive : Token::CardBg;
-    const double share = m_hover.currentValue().toDouble();
+    const double share = m_hover.share();
     painter.setPen(QPen(
         theme::mixed(theme::color(Token::CardBorder), theme::color(Token::CardBorderHover), share),
         1));
@@ -211,8 +194,8 @@ void YearCard::paintHead(QPainter& painter) const {
 
 void YearCard::paintHint(QPainter& painter, const QRectF& head) const {
     const QString text = hint();
-    const QColor color = theme::mixed(theme::color(Token::ChromeText), theme::color(Token::Accent),
-                                      m_hover.currentValue().toDouble());
+    const QColor color =
+        theme::mixed(theme::color(Token::ChromeText), theme::color(Token::Accent), m_hover.share());
     const QFont font = fonts::sans(13);
     const double y = head.top() + (head.height() - kHintHeight) / 2 + 1;
     const QRectF arrow(head.right() - kArrow, y + (kHintHeight - kArrow) / 2, kArrow, kArrow);
@@ -225,23 +208,19 @@ void YearCard::paintHint(QPainter& painter, const QRectF& head) const {
 
 // Return opens the card as Space does.
 void YearCard::keyPressEvent(QKeyEvent* event) {
+    m_ring.keyUsed();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
     QAbstractButton::keyPressEvent(event);
 }
 
 void YearCard::focusInEvent(QFocusEvent* event) {
     QAbstractButton::focusInEvent(event);
-    const bool byKeyboard = event->reason() == Qt::TabFocusReason ||
-                            event->reason() == Qt::BacktabFocusReason ||
-                            event->reason() == Qt::ShortcutFocusReason;
-    if (!byKeyboard) return;
-    if (m_ring == nullptr) m_ring = new QFocusFrame(this);
-    m_ring->setWidget(this);
+    m_ring.focusIn(event->reason());
 }
 
 void YearCard::focusOutEvent(QFocusEvent* event) {
     QAbstractButton::focusOutEvent(event);
-    if (m_ring != nullptr) m_ring->setWidget(nullptr);
+    m_ring.focusOut(event->reason());
 }
 
 }  // namespace velmar

@@ -3,14 +3,13 @@
 #pragma once
 
 #include <QtCore/QPointer>
-#include <QtCore/QVariantAnimation>
 #include <QtWidgets/QAbstractButton>
 
+#include "DiaryApp/Appearance/FocusRing.h"
+#include "DiaryApp/Appearance/HoverFade.h"
 #include "DiaryApp/Entry/EntryModel.h"
 #include "DiaryApp/Entry/PageLayout.h"
 #include "DiaryKit/Foundation/TextRange.h"
-
-class QFocusFrame;
 
 namespace velmar {
 
@@ -73,7 +72,6 @@ private:
     [[nodiscard]] QString hint() const;
     void makeText();
     void styleText();
-    void fadeHover(bool isOver);
     void paintBox(QPainter& painter) const;
     void paintHead(QPainter& painter) const;
     void paintHint(QPainter& painter, const QRectF& head) const;
@@ -87,8 +85,8 @@ private:
     mutable int m_estimate = 0;
     mutable double m_estimatedWidth = 0;
     CardLayout m_layout;
-    QVariantAnimation m_hover;
-    QFocusFrame* m_ring = nullptr;
+    HoverFade m_hover;
+    FocusRing m_ring;
 };
 
 }  // namespace velmar

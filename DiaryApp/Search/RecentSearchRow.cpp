@@ -3,7 +3,6 @@
 #include <QtGui/QFocusEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
-#include <QtWidgets/QFocusFrame>
 
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
@@ -21,7 +20,7 @@ constexpr double kRadius = 8;
 
 }  // namespace
 
-RecentSearchRow::RecentSearchRow(QWidget* parent) : QAbstractButton(parent) {
+RecentSearchRow::RecentSearchRow(QWidget* parent) : QAbstractButton(parent), m_ring(this, kRadius) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
 }
@@ -42,20 +41,16 @@ void RecentSearchRow::paintEvent(QPaintEvent* /*event*/) {
 
 void RecentSearchRow::focusInEvent(QFocusEvent* event) {
     QAbstractButton::focusInEvent(event);
-    const bool byKeyboard = event->reason() == Qt::TabFocusReason ||
-                            event->reason() == Qt::BacktabFocusReason ||
-                            event->reason() == Qt::ShortcutFocusReason;
-    if (!byKeyboard) return;
-    if (m_ring == nullptr) m_ring = new QFocusFrame(this);
-    m_ring->setWidget(this);
+    m_ring.focusIn(event->reason());
 }
 
 void RecentSearchRow::focusOutEvent(QFocusEvent* event) {
     QAbstractButton::focusOutEvent(event);
-    if (m_ring != nullptr) m_ring->setWidget(nullptr);
+    m_ring.focusOut(event->reason());
 }
 
 void RecentSearchRow::keyPressEvent(QKeyEvent* event) {
+    m_ring.keyUsed();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
         return;

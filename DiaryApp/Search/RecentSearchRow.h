@@ -3,7 +3,7 @@
 
 #include <QtWidgets/QAbstractButton>
 
-class QFocusFrame;
+#include "DiaryApp/Appearance/FocusRing.h"
 
 namespace velmar {
 
@@ -22,7 +22,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QFocusFrame* m_ring = nullptr;
+    FocusRing m_ring;
 };
 
 }  // namespace velmar
