@@ -1,7 +1,7 @@
 // Any bytes as a journal of a Day One export, and as the text of an entry.
+#include "DiaryKit/AppSources/DayOneSource.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Foundation/Utf8.h"
-#include "DiaryKit/Import/DayOneSource.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "DiaryKit/Import/LocalTime.h"
 #include "tests/fuzz/ImportFuzzing.h"

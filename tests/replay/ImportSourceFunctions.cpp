@@ -4,7 +4,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QTemporaryDir>
 
-#include "DiaryKit/Import/DayOneSource.h"
+#include "DiaryKit/AppSources/DayOneSource.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "tests/replay/ImportShapes.h"
 #include "tests/replay/Replay.h"

@@ -1,4 +1,4 @@
-#include "DiaryKit/Import/JsonCursor.h"
+#include "DiaryKit/AppSources/JsonCursor.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 // The cleaning of an entry's text. Links are sought by hand rather than by regular expressions,
 // whose time grows with the square of a text full of opening brackets.
-#include "DiaryKit/Import/DayOneSource.h"
+#include "DiaryKit/AppSources/DayOneSource.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 
 namespace diary::DayOneSource {

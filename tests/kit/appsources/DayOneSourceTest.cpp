@@ -1,4 +1,4 @@
-#include "DiaryKit/Import/DayOneSource.h"
+#include "DiaryKit/AppSources/DayOneSource.h"
 
 #include <gtest/gtest.h>
 

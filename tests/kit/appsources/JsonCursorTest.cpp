@@ -1,11 +1,11 @@
-#include "DiaryKit/Import/JsonCursor.h"
+#include "DiaryKit/AppSources/JsonCursor.h"
 
 #include <gtest/gtest.h>
 
 #include <QtCore/QJsonDocument>
 #include <random>
 
-#include "DiaryKit/Import/IsoMoment.h"
+#include "DiaryKit/AppSources/IsoMoment.h"
 
 namespace diary {
 namespace {

@@ -1,4 +1,4 @@
-#include "DiaryKit/Import/IsoMoment.h"
+#include "DiaryKit/AppSources/IsoMoment.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "DiaryKit/Import/DayOneSource.h"
+#include "DiaryKit/AppSources/DayOneSource.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QTimeZone>
@@ -8,11 +8,11 @@
 #include <cmath>
 #include <iterator>
 
+#include "DiaryKit/AppSources/IsoMoment.h"
+#include "DiaryKit/AppSources/JsonCursor.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "DiaryKit/Import/IsoMoment.h"
-#include "DiaryKit/Import/JsonCursor.h"
 #include "DiaryKit/Import/LocalTime.h"
 #include "DiaryKit/Import/PackagePath.h"
 #include "DiaryKit/Import/TextDecoding.h"
