@@ -46,9 +46,12 @@ QString fixLine(const ImportIssue& issue, const Texts& texts) {
 
 QString code(Language language) {
     switch (language) {
-        case Language::chinese: return u"zh-Hans"_s;
-        case Language::english: return u"en"_s;
-        case Language::japanese: return u"ja"_s;
+        case Language::chinese:
+            return u"zh-Hans"_s;
+        case Language::english:
+            return u"en"_s;
+        case Language::japanese:
+            return u"ja"_s;
     }
     return {};
 }
@@ -60,19 +63,21 @@ Language language(QStringView code) {
 }
 
 const Names& names(Language language) {
-    static const Names chinese = {u"Velmar 导入"_s, u"Velmar 导出"_s, u"原始导出"_s,
-                                  u"输出"_s,        u"日记"_s,        u"报告.md"_s,
-                                  u"日记合集.docx"_s};
+    static const Names chinese = {u"Velmar 导入"_s, u"Velmar 导出"_s, u"原始导出"_s,     u"输出"_s,
+                                  u"日记"_s,        u"报告.md"_s,     u"日记合集.docx"_s};
     static const Names english = {u"Velmar Import"_s, u"Velmar Export"_s, u"source"_s,
                                   u"output"_s,        u"diary"_s,         u"report.md"_s,
                                   u"Diary.docx"_s};
-    static const Names japanese = {u"Velmar 取り込み"_s, u"Velmar 書き出し"_s, u"元データ"_s,
-                                   u"出力"_s,            u"日記"_s,            u"レポート.md"_s,
-                                   u"日記集.docx"_s};
+    static const Names japanese = {
+        u"Velmar 取り込み"_s, u"Velmar 書き出し"_s, u"元データ"_s, u"出力"_s, u"日記"_s,
+        u"レポート.md"_s,     u"日記集.docx"_s};
     switch (language) {
-        case Language::chinese: return chinese;
-        case Language::japanese: return japanese;
-        case Language::english: break;
+        case Language::chinese:
+            return chinese;
+        case Language::japanese:
+            return japanese;
+        case Language::english:
+            break;
     }
     return english;
 }
@@ -82,9 +87,12 @@ const Texts& texts(Language language) {
     static const Texts english = englishTexts();
     static const Texts japanese = japaneseTexts();
     switch (language) {
-        case Language::chinese: return chinese;
-        case Language::japanese: return japanese;
-        case Language::english: break;
+        case Language::chinese:
+            return chinese;
+        case Language::japanese:
+            return japanese;
+        case Language::english:
+            break;
     }
     return english;
 }

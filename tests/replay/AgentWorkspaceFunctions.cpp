@@ -46,9 +46,12 @@ QString workspaceText(const QJsonObject& in) {
 
 QString languageName(const QJsonObject& in) {
     switch (AgentWorkspace::language(text(in, "code"))) {
-        case Language::chinese: return QStringLiteral("chinese");
-        case Language::english: return QStringLiteral("english");
-        case Language::japanese: break;
+        case Language::chinese:
+            return QStringLiteral("chinese");
+        case Language::english:
+            return QStringLiteral("english");
+        case Language::japanese:
+            break;
     }
     return QStringLiteral("japanese");
 }
@@ -85,10 +88,9 @@ QJsonObject contents(const QString& path) {
 }
 
 // Runs `making` with the case's files, the parent of the workspace, and the moment of its making.
-QJsonValue workspace(
-    const QJsonObject& in,
-    const std::function<QString(const QTemporaryDir& files, const QString& parent,
-                                const QDateTime& date)>& making) {
+QJsonValue workspace(const QJsonObject& in,
+                     const std::function<QString(const QTemporaryDir& files, const QString& parent,
+                                                 const QDateTime& date)>& making) {
     const QTemporaryDir files;
     makeFiles(files, in);
     const QTemporaryDir parent;
@@ -108,11 +110,11 @@ QJsonValue createImport(const QJsonObject& in) {
 }
 
 QJsonValue createExport(const QJsonObject& in) {
-    return workspace(in, [&](const QTemporaryDir& files, const QString& parent,
-                             const QDateTime& date) {
-        return AgentWorkspace::createExport(files.filePath(text(in, "vault")), target(in), parent,
-                                            Language::english, zone(in), date);
-    });
+    return workspace(
+        in, [&](const QTemporaryDir& files, const QString& parent, const QDateTime& date) {
+            return AgentWorkspace::createExport(files.filePath(text(in, "vault")), target(in),
+                                                parent, Language::english, zone(in), date);
+        });
 }
 
 Function textOf(QString (*function)(const QJsonObject&), const char* key) {

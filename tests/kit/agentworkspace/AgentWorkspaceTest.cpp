@@ -75,15 +75,15 @@ TEST_F(AgentWorkspaceFolders, PassOverANameThatAFileTook) {
 
 TEST_F(AgentWorkspaceFolders, OfAnImportHoldAZipAsItIsAndAreNamedInTheirLanguage) {
     m_files.write(QStringLiteral("备份.zip"), QByteArray("PK\3\4\0\xff", 6));
-    const QString folder =
-        import(m_files.filePath(QStringLiteral("备份.zip")), Language::japanese);
+    const QString folder = import(m_files.filePath(QStringLiteral("备份.zip")), Language::japanese);
     EXPECT_EQ(QDir(folder).dirName(), QStringLiteral("Velmar 取り込み 2026-11-15"));
-    QStringList expected = {QStringLiteral("AGENTS.md"),  QStringLiteral("CLAUDE.md"),
-                            QStringLiteral("VELMAR.md"),  QStringLiteral("元データ/"),
+    QStringList expected = {QStringLiteral("AGENTS.md"),         QStringLiteral("CLAUDE.md"),
+                            QStringLiteral("VELMAR.md"),         QStringLiteral("元データ/"),
                             QStringLiteral("元データ/备份.zip"), QStringLiteral("出力/")};
     expected.sort();
     EXPECT_EQ(listing(folder), expected);
-    EXPECT_EQ(content(folder + QStringLiteral("/元データ/备份.zip")), QByteArray("PK\3\4\0\xff", 6));
+    EXPECT_EQ(content(folder + QStringLiteral("/元データ/备份.zip")),
+              QByteArray("PK\3\4\0\xff", 6));
     EXPECT_EQ(QString::fromUtf8(content(folder + QStringLiteral("/VELMAR.md"))),
               AgentWorkspace::importSpec(QStringLiteral("Old Diary"), QTimeZone("Asia/Tokyo"),
                                          Language::japanese));
@@ -95,13 +95,14 @@ TEST_F(AgentWorkspaceFolders, OfAnImportHoldAFolderWithAllThatIsInIt) {
     m_files.write(QStringLiteral("a.txt"), "a");
     m_files.write(QStringLiteral("2020/.hidden"), "b");
     QFile::link(QStringLiteral(".."), m_files.filePath(QStringLiteral("2020/around")));
-    ASSERT_EQ(mkfifo(QFile::encodeName(m_files.filePath(QStringLiteral("pipe"))).constData(), 0600), 0);
+    ASSERT_EQ(mkfifo(QFile::encodeName(m_files.filePath(QStringLiteral("pipe"))).constData(), 0600),
+              0);
     const QString folder = import(m_files.path() + u'/');
-    EXPECT_EQ(listing(folder + QStringLiteral("/source")),
-              QStringList({QStringLiteral("my väult/"), QStringLiteral("my väult/2020/"),
-                           QStringLiteral("my väult/2020/.hidden"),
-                           QStringLiteral("my väult/2020/around"),
-                           QStringLiteral("my väult/a.txt")}));
+    EXPECT_EQ(
+        listing(folder + QStringLiteral("/source")),
+        QStringList({QStringLiteral("my väult/"), QStringLiteral("my väult/2020/"),
+                     QStringLiteral("my väult/2020/.hidden"),
+                     QStringLiteral("my väult/2020/around"), QStringLiteral("my väult/a.txt")}));
 }
 
 TEST_F(AgentWorkspaceFolders, OfAnImportHoldAFolderThatMayNotBeWrittenTo) {
@@ -115,8 +116,8 @@ TEST_F(AgentWorkspaceFolders, OfAnImportHoldAFolderThatMayNotBeWrittenTo) {
 
 TEST_F(AgentWorkspaceFolders, MadeInsideTheFolderThatTheyCopyDontCopyThemselves) {
     m_files.write(QStringLiteral("a.txt"), "a");
-    const QString folder = AgentWorkspace::createImport(
-        m_files.path(), QString(), m_files.path(), Language::english, QTimeZone::utc(), kNoon);
+    const QString folder = AgentWorkspace::createImport(m_files.path(), QString(), m_files.path(),
+                                                        Language::english, QTimeZone::utc(), kNoon);
     EXPECT_EQ(listing(folder + QStringLiteral("/source")),
               QStringList({QStringLiteral("my väult/"), QStringLiteral("my väult/a.txt")}));
 }
@@ -142,9 +143,10 @@ TEST_F(AgentWorkspaceFolders, ThatCantBeMadeAreAFailureOfTheirParent) {
 TEST_F(AgentWorkspaceFolders, OfAnExportOfAnEmptyVaultAreComplete) {
     const QString folder = exportAll(m_files.path());
     EXPECT_EQ(QDir(folder).dirName(), QStringLiteral("Velmar Export 2026-11-15"));
-    EXPECT_EQ(listing(folder), QStringList({QStringLiteral("AGENTS.md"), QStringLiteral("CLAUDE.md"),
-                                            QStringLiteral("VELMAR.md"), QStringLiteral("diary/"),
-                                            QStringLiteral("output/")}));
+    EXPECT_EQ(listing(folder),
+              QStringList({QStringLiteral("AGENTS.md"), QStringLiteral("CLAUDE.md"),
+                           QStringLiteral("VELMAR.md"), QStringLiteral("diary/"),
+                           QStringLiteral("output/")}));
     EXPECT_EQ(QString::fromUtf8(content(folder + QStringLiteral("/VELMAR.md"))),
               AgentWorkspace::exportSpec(Target::word, QTimeZone("Asia/Tokyo"), Language::english));
 }
@@ -162,7 +164,8 @@ TEST_F(AgentWorkspaceFolders, OfAnExportHoldDayFilesOnly) {
     const QString folder = exportAll(m_files.path());
     EXPECT_EQ(listing(folder + QStringLiteral("/diary")),
               QStringList({QStringLiteral("01-02.md"), QStringLiteral("02-29.md")}));
-    EXPECT_EQ(content(folder + QStringLiteral("/diary/01-02.md")), QByteArray("# 01-02\n\n## 2020\n\nx\n"));
+    EXPECT_EQ(content(folder + QStringLiteral("/diary/01-02.md")),
+              QByteArray("# 01-02\n\n## 2020\n\nx\n"));
     EXPECT_EQ(listing(m_files.path()), before);
 }
 

@@ -67,9 +67,11 @@ TEST(AgentWorkspaceTexts, StandInEveryLanguageLineForLineWithTheSamePlaceholders
             const QStringList theirs = texts[text.key()].split(QLatin1Char('\n'));
             ASSERT_EQ(theirs.size(), lines.size()) << text.key().toStdString();
             for (qsizetype line = 0; line < lines.size(); ++line) {
-                EXPECT_EQ(placeholders(theirs[line]), placeholders(lines[line])) << lines[line].toStdString();
+                EXPECT_EQ(placeholders(theirs[line]), placeholders(lines[line]))
+                    << lines[line].toStdString();
                 EXPECT_EQ(opening(theirs[line]), opening(lines[line])) << lines[line].toStdString();
-                EXPECT_EQ(theirs[line].isEmpty(), lines[line].isEmpty()) << lines[line].toStdString();
+                EXPECT_EQ(theirs[line].isEmpty(), lines[line].isEmpty())
+                    << lines[line].toStdString();
             }
         }
     }
@@ -93,9 +95,10 @@ TEST(AgentWorkspaceTexts, KeepWhatAnAgentTypesLiterallyAlikeInAllLanguages) {
     for (Language language : AgentWorkspace::kLanguages) {
         const Texts& texts = AgentWorkspace::texts(language);
         for (const char* literal :
-             {"MM-DD.md", "08-11.md", "02-29.md", "366", "`# MM-DD`", "`## YYYY`", "`### HH:MM`",
-              "`---`", "```", "######", "`# `", "`## `", "`![](…)`", "`![[…]]`", "`<img>`", " · ",
-              "UTF-8", "LF", "convert.py", "check.py", "VELMAR", "Velmar"}) {
+             {"MM-DD.md",    "08-11.md", "02-29.md", "366",    "`# MM-DD`", "`## YYYY`",
+              "`### HH:MM`", "`---`",    "```",      "######", "`# `",      "`## `",
+              "`![](…)`",    "`![[…]]`", "`<img>`",  " · ",    "UTF-8",     "LF",
+              "convert.py",  "check.py", "VELMAR",   "Velmar"}) {
             const bool isInPointer = QLatin1String(literal) == QLatin1String("VELMAR");
             const QString& text = isInPointer ? texts.pointer : texts.importSpec;
             EXPECT_TRUE(text.contains(QString::fromUtf8(literal))) << literal;
@@ -111,14 +114,14 @@ TEST(AgentWorkspaceTexts, KeepWhatAnAgentTypesLiterallyAlikeInAllLanguages) {
 TEST(AgentWorkspaceTexts, LeaveNoPlaceholderUnfilled) {
     const QTimeZone zone("Asia/Tokyo");
     for (Language language : AgentWorkspace::kLanguages) {
-        QStringList filled = {
-            AgentWorkspace::importSpec(QStringLiteral("Old"), zone, language),
-            AgentWorkspace::importPrompt(QStringLiteral("Old"), language)};
+        QStringList filled = {AgentWorkspace::importSpec(QStringLiteral("Old"), zone, language),
+                              AgentWorkspace::importPrompt(QStringLiteral("Old"), language)};
         for (Target target : kTargets) {
             filled << AgentWorkspace::exportSpec(target, zone, language)
                    << AgentWorkspace::exportPrompt(target, language);
         }
-        for (const QString& text : filled) EXPECT_EQ(placeholders(text), QStringList()) << text.toStdString();
+        for (const QString& text : filled)
+            EXPECT_EQ(placeholders(text), QStringList()) << text.toStdString();
         EXPECT_TRUE(filled[0].contains(QLatin1String("Asia/Tokyo")));
         EXPECT_TRUE(filled[0].contains(AgentWorkspace::names(language).output + u'/'));
     }
@@ -129,18 +132,19 @@ TEST(AgentWorkspaceFixPrompt, TellsASubfolderFromAFile) {
         {{.kind = Kind::ignoredFile, .file = QStringLiteral("2021/")},
          {.kind = Kind::ignoredFile, .file = QStringLiteral("notes.txt")}},
         Language::english);
-    EXPECT_EQ(prompt.section(QLatin1Char('\n'), 1),
-              QStringLiteral("\n- 2021/: remove the subfolder; all files go directly in output/."
-                             "\n- notes.txt: not an MM-DD.md; output/ should only hold day files."));
+    EXPECT_EQ(
+        prompt.section(QLatin1Char('\n'), 1),
+        QStringLiteral("\n- 2021/: remove the subfolder; all files go directly in output/."
+                       "\n- notes.txt: not an MM-DD.md; output/ should only hold day files."));
 }
 
 TEST(AgentWorkspaceFixPrompt, NamesTheYearOfAnImpossibleDateOnlyIfThereIsOne) {
-    const QString prompt = AgentWorkspace::fixPrompt(
-        {{.kind = Kind::invalidDate, .file = QStringLiteral("02-30.md")},
-         {.kind = Kind::invalidDate,
-          .file = QStringLiteral("02-29.md"),
-          .detail = QStringLiteral("2023")}},
-        Language::english);
+    const QString prompt =
+        AgentWorkspace::fixPrompt({{.kind = Kind::invalidDate, .file = QStringLiteral("02-30.md")},
+                                   {.kind = Kind::invalidDate,
+                                    .file = QStringLiteral("02-29.md"),
+                                    .detail = QStringLiteral("2023")}},
+                                  Language::english);
     EXPECT_TRUE(prompt.endsWith(
         QLatin1String("- 02-30.md: this date doesn't exist; check how the dates were worked out."
                       "\n- 02-29.md: this date doesn't exist (in 2023); check how the dates were "
@@ -150,7 +154,8 @@ TEST(AgentWorkspaceFixPrompt, NamesTheYearOfAnImpossibleDateOnlyIfThereIsOne) {
 TEST(AgentWorkspaceFixPrompt, ListsEveryFileAndCutsAHeadingAtItsMiddleDot) {
     std::vector<ImportIssue> issues;
     for (int day = 1; day <= 5; ++day) {
-        issues.push_back({.kind = Kind::titleMismatch, .file = QStringLiteral("01-0%1.md").arg(day)});
+        issues.push_back(
+            {.kind = Kind::titleMismatch, .file = QStringLiteral("01-0%1.md").arg(day)});
     }
     issues.push_back({.kind = Kind::undemotedHeading,
                       .file = QStringLiteral("03-04.md"),
