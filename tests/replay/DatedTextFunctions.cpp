@@ -21,12 +21,13 @@ QJsonValue dateLine(const QJsonObject& in) {
     if (!match) return QJsonObject{{QStringLiteral("match"), QJsonValue()}};
     return QJsonObject{
         {QStringLiteral("match"),
-         QJsonObject{{QStringLiteral("year"), match->year ? QJsonValue(*match->year) : QJsonValue()},
-                     {QStringLiteral("month"), match->month},
-                     {QStringLiteral("day"), match->day},
-                     {QStringLiteral("time"), match->time ? json(*match->time) : QJsonValue()},
-                     {QStringLiteral("rest"), match->rest},
-                     {QStringLiteral("isAmbiguousOrder"), match->isAmbiguousOrder}}}};
+         QJsonObject{
+             {QStringLiteral("year"), match->year ? QJsonValue(*match->year) : QJsonValue()},
+             {QStringLiteral("month"), match->month},
+             {QStringLiteral("day"), match->day},
+             {QStringLiteral("time"), match->time ? json(*match->time) : QJsonValue()},
+             {QStringLiteral("rest"), match->rest},
+             {QStringLiteral("isAmbiguousOrder"), match->isAmbiguousOrder}}}};
 }
 
 QJsonValue clockTime(const QJsonObject& in) {
