@@ -26,6 +26,7 @@ const Table& functions() {
         addAgentWorkspaceFunctions(all);
         addPlanFunctions(all);
         addLogFunctions(all);
+        addDatedTextFunctions(all);
         return all;
     }();
     return table;
