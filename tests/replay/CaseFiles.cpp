@@ -3,6 +3,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <iterator>
 
 #include "tests/replay/ImportShapes.h"
 
@@ -38,6 +39,10 @@ void makeFile(const QString& path, const QJsonValue& content) {
 void makeFiles(const QTemporaryDir& folder, const QJsonObject& in) {
     const QJsonObject files = in[QLatin1String("files")].toObject();
     for (auto file = files.begin(); file != files.end(); ++file) {
+        // Some cases name a path both as a file and as the folder of others: it is a folder. Keys
+        // are sorted, so what lies below it follows.
+        const auto next = std::next(file);
+        if (next != files.end() && next.key().startsWith(file.key() + QLatin1Char('/'))) continue;
         makeFile(folder.filePath(file.key()), file.value());
     }
 }

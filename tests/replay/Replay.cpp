@@ -23,6 +23,7 @@ const Table& functions() {
         addImportFunctions(all);
         addImportSourceFunctions(all);
         addHtmlFunctions(all);
+        addFolderSourceFunctions(all);
         addAgentWorkspaceFunctions(all);
         addPlanFunctions(all);
         addLogFunctions(all);

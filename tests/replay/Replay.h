@@ -19,6 +19,7 @@ void addSearchFunctions(Table& table);
 void addImportFunctions(Table& table);
 void addImportSourceFunctions(Table& table);
 void addAgentWorkspaceFunctions(Table& table);
+void addFolderSourceFunctions(Table& table);
 void addHtmlFunctions(Table& table);
 void addPlanFunctions(Table& table);
 void addLogFunctions(Table& table);
