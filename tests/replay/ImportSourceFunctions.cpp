@@ -5,6 +5,7 @@
 #include <QtCore/QTemporaryDir>
 
 #include "DiaryKit/AppSources/DayOneSource.h"
+#include "DiaryKit/AppSources/JourneySource.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "tests/replay/ImportShapes.h"
 #include "tests/replay/Replay.h"
@@ -54,19 +55,24 @@ QJsonObject result(const std::function<ImportBatch()>& reading) {
     }
 }
 
-QJsonValue dayOneRead(const QJsonObject& in) {
-    const QTemporaryDir folder;
-    makeFiles(folder, in);
-    const ImportPackage package(folder.filePath(text(in, "picked")));
-    QJsonObject out = result([&] { return DayOneSource::read(package, text(in, "name")); });
-    out[QLatin1String("files")] = QJsonArray::fromStringList(DayOneSource::journalFiles(package));
-    return out;
+// A source's reader: the batch or the failure, and the files that its test lists.
+template <typename List, typename Read>
+Function reader(List list, Read read) {
+    return [=](const QJsonObject& in) -> QJsonValue {
+        const QTemporaryDir folder;
+        makeFiles(folder, in);
+        const ImportPackage package(folder.filePath(text(in, "picked")));
+        QJsonObject out = result([&] { return read(package, text(in, "name")); });
+        out[QLatin1String("files")] = QJsonArray::fromStringList(list(package));
+        return out;
+    };
 }
 
 }  // namespace
 
 void addImportSourceFunctions(Table& table) {
-    table[QStringLiteral("dayOneRead")] = dayOneRead;
+    table[QStringLiteral("dayOneRead")] = reader(DayOneSource::journalFiles, DayOneSource::read);
+    table[QStringLiteral("journeyRead")] = reader(JourneySource::entryFiles, JourneySource::read);
     table[QStringLiteral("dayOneCleanText")] = [](const QJsonObject& in) -> QJsonValue {
         return QJsonObject{{QStringLiteral("text"), DayOneSource::cleanText(text(in, "text"))}};
     };
