@@ -4,9 +4,12 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QTemporaryDir>
 
+#include "DiaryKit/AppSources/AppleJournalSource.h"
 #include "DiaryKit/AppSources/DayOneSource.h"
+#include "DiaryKit/AppSources/FlomoSource.h"
 #include "DiaryKit/AppSources/JourneySource.h"
 #include "DiaryKit/Import/ImportError.h"
+#include "DiaryKit/Import/MiniHTML.h"
 #include "tests/replay/ImportShapes.h"
 #include "tests/replay/Replay.h"
 
@@ -68,11 +71,27 @@ Function reader(List list, Read read) {
     };
 }
 
+QJsonValue overlayText(const QJsonObject& in) {
+    const HTMLDocument document = MiniHTML::parse(text(in, "html"));
+    const HTMLNode* const first =
+        document.root().first([](const HTMLNode& node) { return !node.isText(); });
+    const QStringList texts = first ? AppleJournalSource::overlayText(*first) : QStringList();
+    return QJsonObject{{QStringLiteral("texts"), QJsonArray::fromStringList(texts)}};
+}
+
 }  // namespace
 
 void addImportSourceFunctions(Table& table) {
     table[QStringLiteral("dayOneRead")] = reader(DayOneSource::journalFiles, DayOneSource::read);
     table[QStringLiteral("journeyRead")] = reader(JourneySource::entryFiles, JourneySource::read);
+    table[QStringLiteral("appleJournalRead")] =
+        reader(AppleJournalSource::entryFiles, AppleJournalSource::read);
+    table[QStringLiteral("flomoRead")] = reader(FlomoSource::memoFiles, FlomoSource::read);
+    table[QStringLiteral("unwrapCocoa")] = [](const QJsonObject& in) -> QJsonValue {
+        return QJsonObject{
+            {QStringLiteral("html"), AppleJournalSource::unwrapCocoa(text(in, "html"))}};
+    };
+    table[QStringLiteral("overlayText")] = overlayText;
     table[QStringLiteral("dayOneCleanText")] = [](const QJsonObject& in) -> QJsonValue {
         return QJsonObject{{QStringLiteral("text"), DayOneSource::cleanText(text(in, "text"))}};
     };
