@@ -1,7 +1,6 @@
 #include "DiaryKit/AppSources/AppleJournalSource.h"
 
 #include <QtCore/QRegularExpression>
-#include <algorithm>
 #include <array>
 
 #include "DiaryKit/AppSources/HTMLParts.h"
@@ -172,8 +171,7 @@ QStringList entryFiles(const ImportPackage& package) {
     QStringList files =
         package.pathsWithExtensions({QStringLiteral("html"), QStringLiteral("htm")});
     files.removeIf([](const QString& path) {
-        const auto components = QStringView(path).tokenize(u'/');
-        return std::find(components.begin(), components.end(), u"Entries") == components.end();
+        return !QStringView(path).split(u'/').contains(QStringView(u"Entries"));
     });
     return files;
 }

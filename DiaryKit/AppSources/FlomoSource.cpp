@@ -46,7 +46,7 @@ template <typename Value>
 class PartReader {
 public:
     using Read = Value (*)(const HTMLNode& node);
-    explicit PartReader(Read read) : m_read(read) {}
+    explicit PartReader(Read function) : m_read(function) {}
 
     // Nothing for a part that lies too deep in others.
     [[nodiscard]] const std::optional<Value>& read(const HTMLPart& part) {
@@ -102,8 +102,7 @@ private:
 
     void addEntry(const HTMLParts::Holder& memo) {
         const HTMLPart* const time = memo.parts[kTime];
-        const OptionalMatch date =
-            time ? m_dates.read(*time).value_or(std::nullopt) : std::nullopt;
+        const OptionalMatch date = time ? m_dates.read(*time).value_or(std::nullopt) : std::nullopt;
         if (!date) {
             ++m_batch.skipped.undated;
             return;

@@ -26,9 +26,9 @@ bool isOneOf(const QString& extension, const std::array<QLatin1String, N>& exten
 }
 
 constexpr std::array kHtml = {QLatin1String("html"), QLatin1String("htm")};
-constexpr std::array kDocuments = {QLatin1String("rtf"),  QLatin1String("rtfd"),
-                                   QLatin1String("doc"),  QLatin1String("docx"),
-                                   QLatin1String("odt"),  QLatin1String("webarchive")};
+constexpr std::array kDocuments = {QLatin1String("rtf"), QLatin1String("rtfd"),
+                                   QLatin1String("doc"), QLatin1String("docx"),
+                                   QLatin1String("odt"), QLatin1String("webarchive")};
 
 QString htmlText(const QString& html) {
     return HTMLToMarkdown::markdown(MiniHTML::parse(html).root());
