@@ -89,8 +89,7 @@ TEST_F(AppleJournalSourceTest, DatesAnEntryByItsNameOrElseByItsHeader) {
         TemporaryPackage files;
         files.add(QStringLiteral("Entries/") + QString::fromUtf8(one.name),
                   element("pageHeader", one.header) + element("pageHeader", "2001-01-01"));
-        const ImportBatch batch =
-            AppleJournalSource::read(ImportPackage(files.root()), QString());
+        const ImportBatch batch = AppleJournalSource::read(ImportPackage(files.root()), QString());
         EXPECT_EQ(batch.skipped.undated, one.day ? 0 : 1) << one.name;
         ASSERT_EQ(batch.entries.size(), one.day ? 1U : 0U) << one.name;
         if (!one.day) continue;
@@ -216,7 +215,8 @@ TEST(UnwrapCocoa, TakesParagraphsForLines) {
 TEST(UnwrapCocoa, IsLinear) {
     const QString sign = QStringLiteral("Cocoa HTML Writer");
     const std::clock_t start = std::clock();
-    for (const char* piece : {"<span ", "<p ", "<br ", "<br>\n", "<br> <span>", "<", "</p", "<p>"}) {
+    for (const char* piece :
+         {"<span ", "<p ", "<br ", "<br>\n", "<br> <span>", "<", "</p", "<p>"}) {
         const QString text = sign + QString::fromLatin1(piece).repeated(300'000);
         EXPECT_TRUE(AppleJournalSource::unwrapCocoa(text).startsWith(sign)) << piece;
     }
@@ -255,8 +255,7 @@ TEST_F(AppleJournalSourceTest, SurvivesPagesThatWereMadeToHurt) {
     const QByteArray nested = "<div class='assetType_location gridItemOverlayText'>a ";
     const ImportedEntry found = readEntry(nested.repeated(kTimes));
     ASSERT_TRUE(found.place);
-    EXPECT_EQ(found.place->count(u'a'),
-              kTimes * static_cast<qsizetype>(NestingBound::kMost) - 28);
+    EXPECT_EQ(found.place->count(u'a'), kTimes * static_cast<qsizetype>(NestingBound::kMost) - 28);
     QByteArray wide;
     for (int i = 0; i < kTimes; ++i) wide += asset("location", header(QByteArray::number(i)));
     EXPECT_EQ(readEntry(wide).place->count(u'·'), kTimes - 1);

@@ -51,11 +51,11 @@ protected:
 };
 
 TEST_F(FlomoSourceTest, ReadsAMemo) {
-    const ImportBatch batch = read(
-        "<html><head><title>flomo</title></head><body><div class=\"memos\">" +
-        dated(content("<p>#tag <b>one</b></p><ul><li><p>a</p></li></ul>") +
-              files("<img src=a><div><img src=b></div><audio src=c></audio>")) +
-        "</div></body></html>");
+    const ImportBatch batch =
+        read("<html><head><title>flomo</title></head><body><div class=\"memos\">" +
+             dated(content("<p>#tag <b>one</b></p><ul><li><p>a</p></li></ul>") +
+                   files("<img src=a><div><img src=b></div><audio src=c></audio>")) +
+             "</div></body></html>");
     EXPECT_EQ(batch.source, ImportSource::flomo);
     EXPECT_EQ(batch.name, QStringLiteral("Export"));
     EXPECT_EQ(batch.skipped, (ImportBatch::Skipped{.photos = 2, .audios = 1}));
@@ -87,9 +87,9 @@ TEST_F(FlomoSourceTest, CountsMediaOnlyAmongAMemosFiles) {
 }
 
 TEST_F(FlomoSourceTest, TakesTheFirstPartOfEachKind) {
-    const ImportBatch batch = read(memo(
-        "<p>" + time("2021-03-04<br>21:15") + "</p>" + time("2022-01-01") +
-        "<section><div class='x content y'>one</div></section>" + content("two")));
+    const ImportBatch batch =
+        read(memo("<p>" + time("2021-03-04<br>21:15") + "</p>" + time("2022-01-01") +
+                  "<section><div class='x content y'>one</div></section>" + content("two")));
     ASSERT_EQ(batch.entries.size(), 1U);
     EXPECT_EQ(batch.entries[0].day, (DiaryDay{2021, 3, 4}));
     EXPECT_EQ(batch.entries[0].time, (ImportedEntry::Time{21, 15}));
@@ -169,8 +169,9 @@ TEST_F(FlomoSourceTest, TellsContentsWithinOneAnotherForTheFirstOfThem) {
     const ImportBatch batch = read(page);
     EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
     ASSERT_EQ(batch.entries.size(), NestingBound::kMost);
-    EXPECT_EQ(batch.skipped,
-              (ImportBatch::Skipped{.otherNotes = kMemos - static_cast<int>(batch.entries.size())}));
+    EXPECT_EQ(
+        batch.skipped,
+        (ImportBatch::Skipped{.otherNotes = kMemos - static_cast<int>(batch.entries.size())}));
     for (std::size_t i = 0; i < batch.entries.size(); ++i) {
         const QString& body = batch.entries[i].body;
         EXPECT_TRUE(body.startsWith(QStringLiteral("word%1\n").arg(i)));

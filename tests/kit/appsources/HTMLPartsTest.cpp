@@ -38,13 +38,18 @@ void expectFirstOfEach(const HTMLNode& root, HTMLParts::OwnClass ownClass) {
 }
 
 TEST(HTMLParts, AreTheFirstOfTheirClassesBelowEachHolder) {
-    const QStringList pieces = {
-        QStringLiteral("<div class=h>"),   QStringLiteral("<div class='h a'>"),
-        QStringLiteral("<div class=a>"),   QStringLiteral("<i class='b c'>"),
-        QStringLiteral("<b class=c>"),     QStringLiteral("<img>"),
-        QStringLiteral("</div>"),          QStringLiteral("</div>"),
-        QStringLiteral("</i>"),            QStringLiteral("text"),
-        QStringLiteral("<img class='a b'>"), QStringLiteral("<p class='h h c'>")};
+    const QStringList pieces = {QStringLiteral("<div class=h>"),
+                                QStringLiteral("<div class='h a'>"),
+                                QStringLiteral("<div class=a>"),
+                                QStringLiteral("<i class='b c'>"),
+                                QStringLiteral("<b class=c>"),
+                                QStringLiteral("<img>"),
+                                QStringLiteral("</div>"),
+                                QStringLiteral("</div>"),
+                                QStringLiteral("</i>"),
+                                QStringLiteral("text"),
+                                QStringLiteral("<img class='a b'>"),
+                                QStringLiteral("<p class='h h c'>")};
     std::mt19937 random(20261121);  // NOLINT: the same pages in every run.
     for (int round = 0; round < 20'000; ++round) {
         QString page;
