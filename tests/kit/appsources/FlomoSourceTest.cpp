@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <limits>
 
 #include "DiaryKit/AppSources/HTMLParts.h"
 #include "DiaryKit/Import/ImportError.h"
