@@ -58,7 +58,7 @@ public:
             if (!part) continue;
             Overlay& overlay = m_overlays[index];
             if (part != overlay.last) read(*part, overlay);
-            if (!overlay.text.isEmpty()) captions.push_back(overlay.text);
+            if (!overlay.text.isEmpty()) captions.emplace_back(overlay.text);
         }
     }
 

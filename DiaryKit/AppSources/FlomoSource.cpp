@@ -64,19 +64,24 @@ private:
     std::optional<Value> m_value;
 };
 
-using OptionalMatch = std::optional<DateLine::Match>;
+// When a memo was written.
+struct Moment {
+    DiaryDay day;
+    std::optional<ImportedEntry::Time> time;
+};
 
-OptionalMatch dateOf(const HTMLNode& time) {
-    OptionalMatch match = DateLine::match(time.textContent());
-    const bool isDated =
-        match && match->year && LocalTime::isValid(*match->year, match->month, match->day);
-    return isDated ? match : std::nullopt;
+std::optional<Moment> momentOf(const HTMLNode& time) {
+    const std::optional<DateLine::Match> match = DateLine::match(time.textContent());
+    if (!match || !match->year) return std::nullopt;
+    const DiaryDay day{*match->year, match->month, match->day};
+    if (!LocalTime::isValid(day.year, day.month, day.day)) return std::nullopt;
+    return Moment{day, match->time};
 }
 
 class Page {
 public:
     Page(const HTMLNode& root, ImportBatch& batch)
-        : m_root(root), m_batch(batch), m_dates(dateOf), m_bodies(HTMLToMarkdown::markdown) {}
+        : m_root(root), m_batch(batch), m_moments(momentOf), m_bodies(HTMLToMarkdown::markdown) {}
 
     void read() {
         const HTMLParts memos(
@@ -102,8 +107,9 @@ private:
 
     void addEntry(const HTMLParts::Holder& memo) {
         const HTMLPart* const time = memo.parts[kTime];
-        const OptionalMatch date = time ? m_dates.read(*time).value_or(std::nullopt) : std::nullopt;
-        if (!date) {
+        const std::optional<Moment> moment =
+            time ? m_moments.read(*time).value_or(std::nullopt) : std::nullopt;
+        if (!moment) {
             ++m_batch.skipped.undated;
             return;
         }
@@ -116,14 +122,13 @@ private:
             }
             body = *markdown;
         }
-        m_batch.entries.push_back({.day = {*date->year, date->month, date->day},
-                                   .time = date->time,
-                                   .body = std::move(body)});
+        m_batch.entries.push_back(
+            {.day = moment->day, .time = moment->time, .body = std::move(body)});
     }
 
     const HTMLNode& m_root;
     ImportBatch& m_batch;
-    PartReader<OptionalMatch> m_dates;
+    PartReader<std::optional<Moment>> m_moments;
     PartReader<QString> m_bodies;
 };
 
