@@ -1,21 +1,20 @@
 #include "DiaryKit/AppSources/DayOneSource.h"
 
-#include <QtCore/QHash>
-#include <QtCore/QTimeZone>
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cmath>
 #include <iterator>
 
 #include "DiaryKit/AppSources/IsoMoment.h"
 #include "DiaryKit/AppSources/JsonCursor.h"
+#include "DiaryKit/AppSources/JsonValues.h"
+#include "DiaryKit/AppSources/WeatherDegrees.h"
+#include "DiaryKit/AppSources/ZoneCache.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "DiaryKit/Import/LocalTime.h"
 #include "DiaryKit/Import/PackagePath.h"
-#include "DiaryKit/Import/TextDecoding.h"
 #include "DiaryKit/Import/UniqueJoined.h"
 
 namespace diary::DayOneSource {
@@ -40,68 +39,6 @@ struct JournalContent {
     std::vector<ImportedEntry> entries;
     ImportBatch::Skipped skipped;
 };
-
-// Zones by their names in the file: most entries name one of a few, and looking one up is slow.
-class Zones {
-public:
-    const QTimeZone& named(const QString& name) {
-        auto found = m_zones.find(name);
-        if (found == m_zones.end()) found = m_zones.insert(name, LocalTime::zone(name));
-        return *found;
-    }
-
-private:
-    QHash<QString, QTimeZone> m_zones;
-};
-
-// The value that comes next, absent if it is of another kind.
-std::optional<QString> optionalString(JsonCursor& json) {
-    if (json.kind() == Kind::String) return json.takeString();
-    json.skip();
-    return std::nullopt;
-}
-
-std::optional<double> optionalNumber(JsonCursor& json) {
-    if (json.kind() == Kind::Number) return json.takeNumber();
-    json.skip();
-    return std::nullopt;
-}
-
-std::optional<bool> optionalBoolean(JsonCursor& json) {
-    if (json.kind() == Kind::Boolean) return json.takeBoolean();
-    json.skip();
-    return std::nullopt;
-}
-
-// The number of elements of the array that comes next, 0 if it is none.
-int elementCount(JsonCursor& json) {
-    int count = 0;
-    if (json.kind() != Kind::Array) {
-        json.skip();
-        return count;
-    }
-    json.eachElement([&] {
-        json.skip();
-        ++count;
-    });
-    return count;
-}
-
-// Tags are a list of texts and nothing else, or there are none.
-QStringList readTags(JsonCursor& json) {
-    QStringList tags;
-    if (json.kind() != Kind::Array) {
-        json.skip();
-        return tags;
-    }
-    bool isMixed = false;
-    json.eachElement([&] {
-        const std::optional<QString> tag = optionalString(json);
-        if (tag) tags.append(*tag);
-        isMixed = isMixed || !tag;
-    });
-    return isMixed ? QStringList() : tags;
-}
 
 std::optional<QString> readPlace(JsonCursor& json) {
     if (json.kind() != Kind::Object) {
@@ -128,13 +65,6 @@ std::optional<QString> readPlace(JsonCursor& json) {
     return place ? place : uniqueJoined(far, kSeparator);
 }
 
-// 21.5 -> "22°", halves away from zero.
-std::optional<QString> degrees(std::optional<double> celsius) {
-    if (!celsius || !std::isfinite(*celsius)) return std::nullopt;
-    // Adding 0 takes the sign off a zero.
-    return QString::number(std::round(*celsius) + 0.0, 'f', 0) + u'°';
-}
-
 std::optional<QString> readWeather(JsonCursor& json) {
     if (json.kind() != Kind::Object) {
         json.skip();
@@ -151,7 +81,7 @@ std::optional<QString> readWeather(JsonCursor& json) {
             json.skip();
         }
     });
-    return uniqueJoined(std::array{conditions, degrees(celsius)}, u" ");
+    return uniqueJoined(std::array{conditions, weatherDegrees(celsius)}, u" ");
 }
 
 bool readMediaMember(JsonCursor& json, const QString& key, ImportBatch::Skipped& media) {
@@ -180,7 +110,7 @@ void readMember(JsonCursor& json, const QString& key, RawEntry& entry) {
     } else if (key == u"isAllDay") {
         entry.isAllDay = optionalBoolean(json).value_or(false);
     } else if (key == u"tags") {
-        entry.tags = readTags(json);
+        entry.tags = textList(json);
     } else {
         json.skip();
     }
@@ -198,7 +128,8 @@ void setTitleAndBody(ImportedEntry& entry, const QString& text) {
     if (end >= 0) entry.body = text::trimmed(QStringView(text).sliced(end)).toString();
 }
 
-std::optional<ImportedEntry> importedEntry(RawEntry&& raw, const QString& journal, Zones& zones) {
+std::optional<ImportedEntry> importedEntry(RawEntry&& raw, const QString& journal,
+                                           ZoneCache& zones) {
     const std::optional<QDateTime> moment =
         raw.creationDate ? isoMoment(*raw.creationDate) : std::nullopt;
     if (!moment) return std::nullopt;
@@ -224,7 +155,8 @@ void add(ImportBatch::Skipped& sum, const ImportBatch::Skipped& more) {
 }
 
 // The entries that come next as the member "entries"; nothing unless that is an array of objects.
-std::optional<JournalContent> readEntries(JsonCursor& json, const QString& journal, Zones& zones) {
+std::optional<JournalContent> readEntries(JsonCursor& json, const QString& journal,
+                                          ZoneCache& zones) {
     if (json.kind() != Kind::Array) {
         json.skip();
         return std::nullopt;
@@ -251,7 +183,7 @@ std::optional<JournalContent> readEntries(JsonCursor& json, const QString& journ
 
 // The content of a journal's file; nothing if the JSON is of another shape. Throws JsonError.
 std::optional<JournalContent> readJournal(QByteArrayView utf8, const QString& journal,
-                                          Zones& zones) {
+                                          ZoneCache& zones) {
     JsonCursor json(utf8);
     std::optional<JournalContent> content;
     if (json.kind() == Kind::Object) {
@@ -267,12 +199,6 @@ std::optional<JournalContent> readJournal(QByteArrayView utf8, const QString& jo
     }
     json.finish();
     return content;
-}
-
-// JSON may be UTF-16 as well, behind a mark.
-QByteArray asUtf8(const QByteArray& bytes) {
-    const bool isUtf16 = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-    return isUtf16 ? TextDecoding::decode(bytes).toUtf8() : bytes;
 }
 
 bool looksLikeJournal(const QString& head) {
@@ -292,10 +218,10 @@ QStringList journalFiles(const ImportPackage& package) {
 
 ImportBatch read(const ImportPackage& package, const QString& name) {
     ImportBatch batch{.source = ImportSource::dayOne, .name = name};
-    Zones zones;
+    ZoneCache zones;
     for (const QString& path : journalFiles(package)) {
         const QString journal = package_path::stem(path).toString();
-        const QByteArray bytes = asUtf8(package.data(path));
+        const QByteArray bytes = jsonUtf8(package.data(path));
         std::optional<JournalContent> content;
         try {
             content = readJournal(bytes, journal, zones);

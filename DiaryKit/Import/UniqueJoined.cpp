@@ -1,6 +1,6 @@
 #include "DiaryKit/Import/UniqueJoined.h"
 
-#include <algorithm>
+#include <QtCore/QSet>
 #include <vector>
 
 #include "DiaryKit/Foundation/TextSets.h"
@@ -10,12 +10,13 @@ namespace diary {
 std::optional<QString> uniqueJoined(std::span<const std::optional<QString>> parts,
                                     QStringView separator) {
     std::vector<QStringView> kept;
+    // A page may name a hundred thousand places.
+    QSet<QStringView> seen;
     for (const std::optional<QString>& part : parts) {
         if (!part) continue;
         const QStringView trimmed = text::trimmed(*part);
-        if (trimmed.isEmpty() || std::find(kept.begin(), kept.end(), trimmed) != kept.end()) {
-            continue;
-        }
+        if (trimmed.isEmpty() || seen.contains(trimmed)) continue;
+        seen.insert(trimmed);
         kept.push_back(trimmed);
     }
     if (kept.empty()) return std::nullopt;

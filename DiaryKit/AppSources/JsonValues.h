@@ -1,0 +1,29 @@
+// What the readers of JSON exports take from a cursor. A value of another kind than the one that a
+// reader expects counts as absent; the cursor stands behind it in any case. All of these throw
+// JsonError where the text isn't JSON.
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+#include <optional>
+
+#include "DiaryKit/AppSources/JsonCursor.h"
+
+namespace diary {
+
+// The value that comes next, if it is of the kind.
+[[nodiscard]] std::optional<QString> optionalString(JsonCursor& json);
+[[nodiscard]] std::optional<double> optionalNumber(JsonCursor& json);
+[[nodiscard]] std::optional<bool> optionalBoolean(JsonCursor& json);
+
+// The number of elements of the array that comes next, 0 if it is none.
+[[nodiscard]] int elementCount(JsonCursor& json);
+
+// The array of texts that comes next; empty if it is none or holds anything else.
+[[nodiscard]] QStringList textList(JsonCursor& json);
+
+// The bytes of a file as a cursor takes them: JSON may be UTF-16 as well, behind its mark.
+[[nodiscard]] QByteArray jsonUtf8(const QByteArray& bytes);
+
+}  // namespace diary
