@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QJsonDocument>
+#include <limits>
 #include <random>
 
 #include "DiaryKit/AppSources/IsoMoment.h"
@@ -74,6 +75,41 @@ TEST(JsonCursor, VisitsMembersAndElementsInOrder) {
     });
     json.finish();
     EXPECT_EQ(seen.join(u' '), QStringLiteral("a 1 x 2 b c"));
+}
+
+TEST(JsonCursor, PassesOverValuesOfAnotherKind) {
+    JsonCursor json(R"([1, "a", true, "1", 2.5, {}, [1, [2]]])");
+    json.eachElement([&, at = 0]() mutable {
+        switch (at++) {
+            case 0:
+                return EXPECT_EQ(json.optionalString(), std::nullopt);
+            case 1:
+                return EXPECT_EQ(json.optionalString(), QStringLiteral("a"));
+            case 2:
+                return EXPECT_EQ(json.optionalNumber(), std::nullopt);
+            case 3:
+                return EXPECT_EQ(json.optionalInteger(), std::nullopt);
+            case 4:
+                return EXPECT_EQ(json.optionalNumber(), 2.5);
+            case 5:
+                return EXPECT_FALSE(json.skipUnless(JsonCursor::Kind::Array));
+            default:
+                EXPECT_EQ(json.elementCount(), 2);
+        }
+    });
+    json.finish();
+}
+
+TEST(JsonCursor, TakesNumbersWithoutAFractionAsIntegers) {
+    const auto integer = [](const char* text) { return JsonCursor(text).optionalInteger(); };
+    EXPECT_EQ(integer("3"), 3);
+    EXPECT_EQ(integer("3.0"), 3);
+    EXPECT_EQ(integer("-1e3"), -1000);
+    EXPECT_EQ(integer("-9223372036854775808"), std::numeric_limits<qint64>::min());
+    EXPECT_EQ(integer("9223372036854775808"), std::nullopt);
+    EXPECT_EQ(integer("1e999"), std::nullopt);
+    EXPECT_EQ(integer("2.5"), std::nullopt);
+    EXPECT_EQ(integer("true"), std::nullopt);
 }
 
 // Of lists only, since Qt's reader refuses plain values, and without decimal points and control
