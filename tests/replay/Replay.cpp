@@ -25,6 +25,7 @@ const Table& functions() {
         addHtmlFunctions(all);
         addPlanFunctions(all);
         addLogFunctions(all);
+        addDatedTextFunctions(all);
         return all;
     }();
     return table;

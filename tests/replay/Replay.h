@@ -21,6 +21,7 @@ void addImportSourceFunctions(Table& table);
 void addHtmlFunctions(Table& table);
 void addPlanFunctions(Table& table);
 void addLogFunctions(Table& table);
+void addDatedTextFunctions(Table& table);
 
 // All functions of the kit that cases can name.
 [[nodiscard]] const Table& functions();
