@@ -1,5 +1,6 @@
 #include "DiaryKit/AppSources/DaylioSource.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -18,8 +19,8 @@ namespace {
 enum class Column : std::size_t { FullDate, Year, Date, Time, Mood, Activities, NoteTitle, Note };
 
 constexpr std::array<QLatin1String, 8> kColumnNames = {
-    QLatin1String("full_date"),  QLatin1String("year"),       QLatin1String("date"),
-    QLatin1String("time"),       QLatin1String("mood"),       QLatin1String("activities"),
+    QLatin1String("full_date"),  QLatin1String("year"), QLatin1String("date"),
+    QLatin1String("time"),       QLatin1String("mood"), QLatin1String("activities"),
     QLatin1String("note_title"), QLatin1String("note")};
 
 bool isLineEnd(QChar unit) {
@@ -156,7 +157,8 @@ ImportBatch readCSV(QStringView text, const QString& name, const Moods& moods) {
 }
 
 ImportedEntry entry(EntryParts&& parts) {
-    if (!parts.mood.isEmpty()) parts.activities.prepend(u"**" + parts.mood + u"**");
+    const QLatin1String strong("**");
+    if (!parts.mood.isEmpty()) parts.activities.prepend(strong + parts.mood + strong);
     QString body = parts.activities.join(QStringView(u" · "));
     parts.note.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     if (!body.isEmpty() && !parts.note.isEmpty()) body += QLatin1String("\n\n");

@@ -26,6 +26,8 @@ const Table& functions() {
         addPlanFunctions(all);
         addLogFunctions(all);
         addDatedTextFunctions(all);
+        addDaylioFunctions(all);
+        addFolderSourceFunctions(all);
         return all;
     }();
     return table;

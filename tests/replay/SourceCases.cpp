@@ -1,0 +1,56 @@
+#include "tests/replay/SourceCases.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
+#include "DiaryKit/Import/ImportError.h"
+#include "tests/replay/ImportShapes.h"
+
+namespace diary::replay {
+
+namespace {
+
+// Writes what the case has at that path: a text, bytes, an empty folder, or a link to nothing.
+void makeFile(const QString& path, const QJsonValue& content) {
+    QDir().mkpath(QFileInfo(path).path());
+    const QJsonObject special = content.toObject();
+    if (special.contains(QLatin1String("dir"))) {
+        QDir().mkpath(path);
+        return;
+    }
+    if (special.contains(QLatin1String("link"))) {
+        QFile::link(text(special, "link"), path);
+        return;
+    }
+    const QByteArray bytes = content.isString()
+                                 ? content.toString().toUtf8()
+                                 : QByteArray::fromBase64(text(special, "base64").toLatin1());
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
+}
+
+}  // namespace
+
+QString text(const QJsonObject& in, const char* key) {
+    return in[QLatin1String(key)].toString();
+}
+
+void makeFiles(const QTemporaryDir& folder, const QJsonObject& in) {
+    const QJsonObject files = in[QLatin1String("files")].toObject();
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        makeFile(folder.filePath(file.key()), file.value());
+    }
+}
+
+QJsonObject result(const std::function<ImportBatch()>& reading) {
+    try {
+        return {{QStringLiteral("batch"), json(reading())}};
+    } catch (const ImportError& error) {
+        return {{QStringLiteral("error"), errorName(error)}};
+    } catch (const std::exception&) {
+        return {{QStringLiteral("error"), QStringLiteral("file")}};
+    }
+}
+
+}  // namespace diary::replay
