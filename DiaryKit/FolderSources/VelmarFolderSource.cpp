@@ -172,9 +172,9 @@ std::optional<QString> reportBeside(const QString& folder) {
 int dayFileCount(const QString& folder) {
     try {
         const QStringList names = namesIn(folder);
-        return static_cast<int>(
-            std::count_if(names.begin(), names.end(),
-                          [](const QString& name) { return MonthDay::parse(name).has_value(); }));
+        return static_cast<int>(std::count_if(names.begin(), names.end(), [](const QString& name) {
+            return MonthDay::parse(name).has_value();
+        }));
     } catch (const FileError&) {
         return 0;
     }

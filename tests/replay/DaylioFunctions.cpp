@@ -40,8 +40,7 @@ QJsonValue readBackup(const QJsonObject& in) {
     const QTemporaryDir folder;
     makeFiles(folder, in);
     const ImportPackage package(folder.filePath(text(in, "picked")));
-    return result(
-        [&] { return DaylioSource::readBackup(package, text(in, "name"), moods(in)); });
+    return result([&] { return DaylioSource::readBackup(package, text(in, "name"), moods(in)); });
 }
 
 }  // namespace

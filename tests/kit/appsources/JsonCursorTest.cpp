@@ -77,27 +77,31 @@ TEST(JsonCursor, VisitsMembersAndElementsInOrder) {
     EXPECT_EQ(seen.join(u' '), QStringLiteral("a 1 x 2 b c"));
 }
 
-TEST(JsonCursor, PassesOverValuesOfAnotherKind) {
-    JsonCursor json(R"([1, "a", true, "1", 2.5, {}, [1, [2]]])");
-    json.eachElement([&, at = 0]() mutable {
-        switch (at++) {
-            case 0:
-                return EXPECT_EQ(json.optionalString(), std::nullopt);
-            case 1:
-                return EXPECT_EQ(json.optionalString(), QStringLiteral("a"));
-            case 2:
-                return EXPECT_EQ(json.optionalNumber(), std::nullopt);
-            case 3:
-                return EXPECT_EQ(json.optionalInteger(), std::nullopt);
-            case 4:
-                return EXPECT_EQ(json.optionalNumber(), 2.5);
-            case 5:
-                return EXPECT_FALSE(json.skipUnless(JsonCursor::Kind::Array));
-            default:
-                EXPECT_EQ(json.elementCount(), 2);
-        }
-    });
+template <typename Value>
+Value taken(const char* text, Value (JsonCursor::*take)()) {
+    JsonCursor json(text);
+    Value value = (json.*take)();
     json.finish();
+    return value;
+}
+
+TEST(JsonCursor, PassesOverValuesOfAnotherKind) {
+    EXPECT_EQ(taken("\"x\"", &JsonCursor::optionalString), QStringLiteral("x"));
+    EXPECT_EQ(taken("1", &JsonCursor::optionalString), std::nullopt);
+    EXPECT_EQ(taken("-2.5", &JsonCursor::optionalNumber), -2.5);
+    EXPECT_EQ(taken("true", &JsonCursor::optionalNumber), std::nullopt);
+    EXPECT_EQ(taken("\"1\"", &JsonCursor::optionalInteger), std::nullopt);
+    EXPECT_EQ(taken("false", &JsonCursor::optionalBoolean), false);
+    EXPECT_EQ(taken("[[1]]", &JsonCursor::optionalBoolean), std::nullopt);
+    EXPECT_EQ(taken("[1, [2], {}]", &JsonCursor::elementCount), 3);
+    EXPECT_EQ(taken("{\"a\": [1]}", &JsonCursor::elementCount), 0);
+
+    JsonCursor object("{\"a\": 1}");
+    EXPECT_FALSE(object.skipUnless(JsonCursor::Kind::Array));
+    object.finish();
+    JsonCursor array("[1]");
+    EXPECT_TRUE(array.skipUnless(JsonCursor::Kind::Array));
+    EXPECT_EQ(array.elementCount(), 1);
 }
 
 TEST(JsonCursor, TakesNumbersWithoutAFractionAsIntegers) {
