@@ -60,8 +60,7 @@ TEST(CSV, ReadsOnOutsideOfQuotesBehindThem) {
 }
 
 TEST(CSV, TakesAQuotationMarkWithinAFieldAsItIs) {
-    EXPECT_EQ(CSV::parse(u"a\"b\",c\n \"d\""),
-              rows({{u"a\"b\"", u"c"}, {u" \"d\""}}));
+    EXPECT_EQ(CSV::parse(u"a\"b\",c\n \"d\""), rows({{u"a\"b\"", u"c"}, {u" \"d\""}}));
 }
 
 TEST(CSV, TakesQuotesThatNeverCloseUpToTheEnd) {

@@ -34,13 +34,12 @@ protected:
     }
     // The only entry of a backup with some moods and tags.
     ImportedEntry readEntry(const QByteArray& members, const Moods& moods = {}) {
-        const ImportBatch batch = read(
-            R"({"dayEntries": [{)" + members + R"(}], "customMoods": [
+        const ImportBatch batch = read(R"({"dayEntries": [{)" + members + R"(}], "customMoods": [
                 {"id": 1, "custom_name": "", "predefined_name_id": 1},
                 {"id": 2, "custom_name": "So so", "predefined_name_id": 2},
                 {"id": 3, "predefined_name_id": 9}, {"id": 4, "custom_name": 5}],
                 "tags": [{"id": 5, "name": "tea"}, {"id": 6, "name": "a walk"}, {"id": 7}]})",
-            moods);
+                                       moods);
         EXPECT_EQ(batch.entries.size(), 1U) << members.toStdString();
         return batch.entries.empty() ? ImportedEntry() : batch.entries.front();
     }
@@ -121,8 +120,8 @@ TEST_F(DaylioBackupTest, RefusesWhatIsNoBackup) {
     EXPECT_FALSE(isRecognised(kBackup, zip("text", "nothing")));
     EXPECT_FALSE(isRecognised(kBackup, ZipBuilder().bytes()));
     EXPECT_FALSE(isRecognised(QStringLiteral("text.txt"), m_oneEntry.toBase64()));
-    EXPECT_FALSE(isRecognised(QStringLiteral("deep.zip"),
-                              zip("deep/backup.daylio", m_oneEntry.toBase64())));
+    EXPECT_FALSE(
+        isRecognised(QStringLiteral("deep.zip"), zip("deep/backup.daylio", m_oneEntry.toBase64())));
 }
 
 TEST_F(DaylioBackupTest, RefusesAFolderWithoutASoundBackupAtItsTop) {
@@ -213,10 +212,11 @@ TEST_F(DaylioBackupTest, PutsMomentsOnTheClockOfTheirPlace) {
 }
 
 TEST_F(DaylioBackupTest, CountsEntriesWithoutAMoment) {
-    EXPECT_EQ(read(R"({"dayEntries": [{}, {"datetime": "0"}, {"datetime": null}, {"datetime": 1e400},
+    EXPECT_EQ(
+        read(R"({"dayEntries": [{}, {"datetime": "0"}, {"datetime": null}, {"datetime": 1e400},
                                       {"datetime": -1e17}, {"datetime": false}]})")
-                  .skipped,
-              ImportBatch::Skipped{.undated = 6});
+            .skipped,
+        ImportBatch::Skipped{.undated = 6});
 }
 
 TEST_F(DaylioBackupTest, LeavesAnEmptyTitleOut) {
@@ -239,10 +239,10 @@ TEST_F(DaylioBackupTest, RefusesABackupMadeToFillTheMemory) {
     EXPECT_FALSE(isRecognised(kBackup, (tag + R"("dayEntries": [{"datetime": 0, "tags": [)" +
                                         QByteArray("1,").repeated(100'000) + "1]}]}")
                                            .toBase64()));
-    EXPECT_FALSE(isRecognised(
-        kBackup, (mood + R"("dayEntries": [)" +
-                  QByteArray(R"({"datetime":0,"mood":1},)").repeated(10'000) + "{}]}")
-                     .toBase64()));
+    EXPECT_FALSE(
+        isRecognised(kBackup, (mood + R"("dayEntries": [)" +
+                               QByteArray(R"({"datetime":0,"mood":1},)").repeated(10'000) + "{}]}")
+                                  .toBase64()));
     EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
     EXPECT_LT(diary::testing::peakMemory(), diary::testing::kMostMemory);
 }

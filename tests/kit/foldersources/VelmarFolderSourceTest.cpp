@@ -50,9 +50,9 @@ TEST_F(VelmarFolderSourceTest, ReadsSectionsVerbatim) {
     const ImportBatch batch = read();
     EXPECT_EQ(batch.source, ImportSource::velmarFolder);
     EXPECT_EQ(batch.name, QStringLiteral("Vault"));
-    EXPECT_EQ(batch.entries, (std::vector{section({2023, 1, 2}, u"b \n  c"),
-                                          section({2021, 1, 2}, u"a"),
-                                          section({2020, 12, 31}, u"### 09:30\n\nLate.")}));
+    EXPECT_EQ(batch.entries,
+              (std::vector{section({2023, 1, 2}, u"b \n  c"), section({2021, 1, 2}, u"a"),
+                           section({2020, 12, 31}, u"### 09:30\n\nLate.")}));
     EXPECT_TRUE(batch.issues.empty());
     EXPECT_EQ(batch.skipped, ImportBatch::Skipped());
     EXPECT_EQ(batch.reportURL, std::nullopt);
@@ -106,12 +106,11 @@ TEST_F(VelmarFolderSourceTest, TellsDaysThatNoMonthHasFromNamesOfOtherFiles) {
     }
     const ImportBatch batch = read();
     EXPECT_TRUE(batch.entries.empty());
-    EXPECT_EQ(batch.issues,
-              (std::vector{issue(Kind::ignoredFile, u"00-10.md"),
-                           issue(Kind::ignoredFile, u"01-32.md"),
-                           issue(Kind::invalidDate, u"02-30.md"),
-                           issue(Kind::invalidDate, u"04-31.md"),
-                           issue(Kind::ignoredFile, u"13-01.md")}));
+    EXPECT_EQ(
+        batch.issues,
+        (std::vector{issue(Kind::ignoredFile, u"00-10.md"), issue(Kind::ignoredFile, u"01-32.md"),
+                     issue(Kind::invalidDate, u"02-30.md"), issue(Kind::invalidDate, u"04-31.md"),
+                     issue(Kind::ignoredFile, u"13-01.md")}));
 }
 
 TEST_F(VelmarFolderSourceTest, LeavesOutTheLeapDayOfACommonYear) {
@@ -195,9 +194,8 @@ TEST_F(VelmarFolderSourceTest, ChecksTheTitle) {
     for (const char* text : {"# 03-04", "\n\n\t# 03-04 \nx", "  # 03-04\n"}) {
         EXPECT_TRUE(readDay(text).issues.empty()) << text;
     }
-    for (const char* text :
-         {"x", "#03-04", "# 03-05", "# 3-4", "## 03-04", " \n# 03-04", "# 03-04\r\n", "## 2020\n",
-          "\xEF\xBB\xBF# 03-04"}) {
+    for (const char* text : {"x", "#03-04", "# 03-05", "# 3-4", "## 03-04", " \n# 03-04",
+                             "# 03-04\r\n", "## 2020\n", "\xEF\xBB\xBF# 03-04"}) {
         EXPECT_EQ(readDay(text).issues, std::vector{issue(Kind::titleMismatch, u"03-04.md")})
             << text;
     }
@@ -228,9 +226,9 @@ TEST_F(VelmarFolderSourceTest, FindsTheReportBesideTheFolder) {
     add("report.md", "r");
     const QString report = m_files.path(QStringLiteral("report.md"));
     EXPECT_EQ(read().reportURL, report);
-    EXPECT_EQ(VelmarFolderSource::read(m_files.path(QStringLiteral("output/")), {}, kThisYear)
-                  .reportURL,
-              report);
+    EXPECT_EQ(
+        VelmarFolderSource::read(m_files.path(QStringLiteral("output/")), {}, kThisYear).reportURL,
+        report);
     add("报告.md", "r");
     EXPECT_EQ(read().reportURL, m_files.path(QStringLiteral("报告.md")));
 }
@@ -249,8 +247,8 @@ TEST(UndemotedHeading, IsALineOfOneOrTwoMarksOutsideOfFences) {
 // Whatever the file holds, a section that is taken over leaves the one behind it in peace.
 TEST_F(VelmarFolderSourceTest, GivesBodiesThatSwallowNothing) {
     const QStringList pieces = {
-        QStringLiteral("```"), QStringLiteral("\n"),      QStringLiteral("\r\n"),
-        QStringLiteral("\r"),  QStringLiteral(" "),       QStringLiteral("\u00A0"),
+        QStringLiteral("```"), QStringLiteral("\n"),          QStringLiteral("\r\n"),
+        QStringLiteral("\r"),  QStringLiteral(" "),           QStringLiteral("\u00A0"),
         QStringLiteral("a"),   QStringLiteral("\n## 2020\n"), QStringLiteral("\n## 2021\n")};
     std::mt19937 random(20261121);  // NOLINT: the same texts in every run.
     for (int round = 0; round < 1000; ++round) {
