@@ -49,9 +49,13 @@ YearOverviewController::YearOverviewController()
 
 YearOverviewController::~YearOverviewController() = default;
 
-void YearOverviewController::present(const YearOverviewModel& model, const QWidget* beside) {
+void YearOverviewController::present(const YearOverviewModel& model, diary::MonthDay openDay,
+                                     const QWidget* beside) {
     update(model);
-    if (!m_window->isVisible()) centre(beside);
+    if (!m_window->isVisible()) {
+        centre(beside);
+        m_view->focusDay(openDay);
+    }
     m_window->show();
     m_window->raise();
     m_window->activateWindow();

@@ -24,7 +24,9 @@ public:
     std::function<void(diary::MonthDay)> onPick;
 
     // Shows the content in the middle of the screen that `beside` is on, and brings the window up.
-    void present(const YearOverviewModel& model, const QWidget* beside = nullptr);
+    // Keys begin at the day that is open.
+    void present(const YearOverviewModel& model, diary::MonthDay openDay,
+                 const QWidget* beside = nullptr);
     // New content in place, in a new language or of a changed vault.
     void update(const YearOverviewModel& model);
     void restyle();

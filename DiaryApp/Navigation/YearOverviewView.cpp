@@ -73,6 +73,11 @@ void YearOverviewView::update(const YearOverviewModel& model) {
     QWidget::update();
 }
 
+void YearOverviewView::focusDay(diary::MonthDay day) {
+    heat(day.month)->setFocusDay(day.day);
+    heat(day.month)->setFocus(Qt::OtherFocusReason);
+}
+
 // The neighbouring month, on the same day; from December to January and back.
 void YearOverviewView::turn(int month, int delta) {
     MonthHeatView* next = heat((month - 1 + delta + 12) % 12 + 1);

@@ -22,6 +22,9 @@ public:
 
     void update(const YearOverviewModel& model);
 
+    // Gives the day's cell the keys, with no ring until one is pressed.
+    void focusDay(diary::MonthDay day);
+
     // 1 is January.
     [[nodiscard]] MonthHeatView* heat(int month) const { return m_heats[month - 1]; }
 

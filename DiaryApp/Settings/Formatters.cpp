@@ -11,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 #include "DiaryKit/Foundation/Background.h"
 
@@ -28,6 +29,18 @@ QString fromICU(const icu::UnicodeString& text) {
 
 icu::Locale icuLocale(Language language) {
     return icu::Locale(localization::code(language).toLatin1().constData());
+}
+
+// The locale of the desktop's dates (POSIX: LC_ALL over LC_TIME over LANG). None where it is "C",
+// which has no region.
+std::optional<icu::Locale> dateLocale() {
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        const QByteArray value = qgetenv(variable);
+        if (value.isEmpty()) continue;
+        if (value == "C" || value == "POSIX" || value.startsWith("C.")) return std::nullopt;
+        return icu::Locale::createCanonical(value.constData());
+    }
+    return std::nullopt;
 }
 
 // A Gregorian calendar without a change from the Julian one, as the diary counts its days, in UTC,
@@ -145,12 +158,14 @@ QStringList Formatters::weekdayColumns() const {
     const icu::UnicodeString* names =
         symbols(m_language).getWeekdays(count, icu::DateFormatSymbols::STANDALONE, width);
     QStringList columns;
-    for (int i = 0; i < 7; ++i) columns.append(fromICU(names[(firstWeekday() - 1 + i) % 7 + 1]));
+    const int first = firstWeekday() - 1;
+    for (int i = 0; i < 7; ++i) columns.append(fromICU(names[(first + i) % 7 + 1]));
     return columns;
 }
 
 int Formatters::firstWeekday() const {
-    const auto gregorian = calendar(icuLocale(m_language));
+    // A German who reads the interface in English still has a week that begins on Monday.
+    const auto gregorian = calendar(dateLocale().value_or(icuLocale(m_language)));
     UErrorCode status = U_ZERO_ERROR;
     return gregorian ? gregorian->getFirstDayOfWeek(status) : 1;
 }

@@ -34,11 +34,12 @@ public:
     // "November", "十一月", "11月"; 1 is January.
     [[nodiscard]] QString monthName(int month) const;
 
-    // The short weekday names over a month, from the language's first day of the week on:
+    // The short weekday names over a month, from the first day of the week on:
     // "Su Mo Tu …", "日 一 二 …".
     [[nodiscard]] QStringList weekdayColumns() const;
 
-    // The weekday that a week begins with; 1 is Sunday.
+    // The weekday that a week begins with; 1 is Sunday. That of the place that the desktop's dates
+    // are set to (LC_TIME), and of the language where they are set to none.
     [[nodiscard]] int firstWeekday() const;
 
     // Today, yesterday, or the number of days ago. A date ahead of `today`, which a clock that was

@@ -56,7 +56,8 @@ public:
 
     // The same by simple case folding, by which the long s is an s.
     bool takeFolded(QStringView word) {
-        return takeWord(word, [](QChar c) { return c == QChar(0x017F) ? QChar(u's') : lowered(c); });
+        return takeWord(word,
+                        [](QChar c) { return c == QChar(0x017F) ? QChar(u's') : lowered(c); });
     }
 
     // Any white space, also none.

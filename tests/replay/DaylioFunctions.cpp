@@ -3,8 +3,8 @@
 
 #include "DiaryKit/AppSources/CSV.h"
 #include "DiaryKit/AppSources/DaylioSource.h"
+#include "tests/replay/CaseFiles.h"
 #include "tests/replay/Replay.h"
-#include "tests/replay/SourceCases.h"
 
 namespace diary::replay {
 

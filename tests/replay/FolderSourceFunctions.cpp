@@ -2,8 +2,8 @@
 #include <QtCore/QDir>
 
 #include "DiaryKit/FolderSources/VelmarFolderSource.h"
+#include "tests/replay/CaseFiles.h"
 #include "tests/replay/Replay.h"
-#include "tests/replay/SourceCases.h"
 
 namespace diary::replay {
 

@@ -20,6 +20,21 @@ QJsonObject json(const ImportBatch::Skipped& skipped) {
             {QStringLiteral("otherNotes"), skipped.otherNotes}};
 }
 
+QJsonValue json(const std::optional<DatedTextSplit::Summary>& split) {
+    if (!split) return QJsonValue::Null;
+    const bool isAnyLine = split->placement == DatedTextSplit::Placement::anyLine;
+    return QJsonObject{
+        {QStringLiteral("placement"),
+         isAnyLine ? QStringLiteral("anyLine") : QStringLiteral("paragraphStart")},
+        {QStringLiteral("paragraphStartCount"), split->paragraphStartCount},
+        {QStringLiteral("anyLineCount"), split->anyLineCount},
+        {QStringLiteral("sampleLine"), orNull(split->sampleLine)},
+        {QStringLiteral("inlineDates"), QJsonArray::fromStringList(split->inlineDates)},
+        {QStringLiteral("orderUnsettled"), split->orderUnsettled},
+        {QStringLiteral("dayFirst"), split->dayFirst},
+        {QStringLiteral("unknownYear"), split->unknownYear}};
+}
+
 }  // namespace
 
 QJsonObject json(const ImportedEntry& entry) {
@@ -62,7 +77,7 @@ QJsonObject json(const ImportBatch& batch) {
             {QStringLiteral("skipped"), json(batch.skipped)},
             {QStringLiteral("journals"), journals},
             {QStringLiteral("issues"), issues},
-            {QStringLiteral("split"), QJsonValue::Null},
+            {QStringLiteral("split"), json(batch.split)},
             {QStringLiteral("reportURL"), orNull(batch.reportURL)}};
 }
 

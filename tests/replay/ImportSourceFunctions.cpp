@@ -1,9 +1,10 @@
 // The readers of other applications' exports, on files that the case brings along.
 #include <QtCore/QJsonArray>
+#include <QtCore/QTemporaryDir>
 
 #include "DiaryKit/AppSources/DayOneSource.h"
+#include "tests/replay/CaseFiles.h"
 #include "tests/replay/Replay.h"
-#include "tests/replay/SourceCases.h"
 
 namespace diary::replay {
 

@@ -23,6 +23,7 @@ const Table& functions() {
         addImportFunctions(all);
         addImportSourceFunctions(all);
         addHtmlFunctions(all);
+        addAgentWorkspaceFunctions(all);
         addPlanFunctions(all);
         addLogFunctions(all);
         addDatedTextFunctions(all);

@@ -18,6 +18,7 @@ void addMarkdownFunctions(Table& table);
 void addSearchFunctions(Table& table);
 void addImportFunctions(Table& table);
 void addImportSourceFunctions(Table& table);
+void addAgentWorkspaceFunctions(Table& table);
 void addHtmlFunctions(Table& table);
 void addPlanFunctions(Table& table);
 void addLogFunctions(Table& table);

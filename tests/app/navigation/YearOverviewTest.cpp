@@ -16,7 +16,7 @@ class YearOverviewTest : public NavigationTest {
 protected:
     YearOverviewTest() {
         controller.onPick = [this](MonthDay day) { picked.push_back(day); };
-        controller.present(model());
+        controller.present(model(), {3, 7});
         EXPECT_TRUE(QTest::qWaitForWindowActive(controller.window()));
     }
 
@@ -45,8 +45,15 @@ TEST_F(YearOverviewTest, ShowsOneWindowOfItsSize) {
     EXPECT_EQ(controller.window()->windowTitle(), QStringLiteral("Year Calendar"));
     EXPECT_FALSE(controller.window()->testAttribute(Qt::WA_QuitOnClose));
     QWidget* window = controller.window();
-    controller.present(model());
+    controller.present(model(), {3, 7});
     EXPECT_EQ(controller.window(), window);
+}
+
+TEST_F(YearOverviewTest, KeysBeginAtTheDayThatIsOpen) {
+    EXPECT_TRUE(heat(3)->hasFocus());
+    QTest::keyClick(controller.window()->focusWidget(), Qt::Key_Right);
+    QTest::keyClick(controller.window()->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(picked, std::vector<MonthDay>({{3, 8}}));
 }
 
 TEST_F(YearOverviewTest, ALowScreenGetsALowerWindowThatScrolls) {
@@ -123,12 +130,12 @@ TEST_F(YearOverviewTest, DatesHaveNames) {
 TEST_F(YearOverviewTest, EscapeAndCtrlWClose) {
     QTest::keyClick(controller.window(), Qt::Key_Escape);
     EXPECT_FALSE(controller.isVisible());
-    controller.present(model());
+    controller.present(model(), {3, 7});
     EXPECT_TRUE(QTest::qWaitForWindowActive(controller.window()));
     heat(5)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(heat(5), Qt::Key_W, Qt::ControlModifier);
     EXPECT_FALSE(controller.isVisible());
-    controller.present(model());
+    controller.present(model(), {3, 7});
     controller.close();
     EXPECT_FALSE(controller.isVisible());
 }

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/Environment.h"
+
 namespace velmar {
 namespace {
 
@@ -66,7 +68,23 @@ TEST(Formatters, CountsInChineseNumerals) {
     }
 }
 
+TEST(Formatters, BeginsTheWeekAsThePlaceOfTheDesktopsDatesDoes) {
+    const Formatters& english = Formatters::of(Language::en);
+    const diary::test::Environment all("LC_ALL", "");
+    const diary::test::Environment time("LC_TIME", "de_DE.UTF-8@euro");
+    EXPECT_EQ(english.firstWeekday(), 2);
+    EXPECT_EQ(english.weekdayColumns().first(), QStringLiteral("Mo"));
+
+    const diary::test::Environment american("LC_TIME", "en_US.UTF-8");
+    EXPECT_EQ(Formatters::of(Language::zhHans).firstWeekday(), 1);
+    EXPECT_EQ(Formatters::of(Language::zhHans).weekdayColumns().first(), QStringLiteral("日"));
+
+    const diary::test::Environment none("LC_TIME", "C.UTF-8");
+    EXPECT_EQ(english.firstWeekday(), 1);
+}
+
 TEST(Formatters, HeadsTheColumnsFromTheWeeksFirstDay) {
+    const diary::test::Environment all("LC_ALL", "C.UTF-8");
     const Formatters& english = Formatters::of(Language::en);
     EXPECT_EQ(english.firstWeekday(), 1);
     EXPECT_THAT(english.weekdayColumns(),

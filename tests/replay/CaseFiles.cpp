@@ -1,13 +1,16 @@
-#include "tests/replay/SourceCases.h"
+#include "tests/replay/CaseFiles.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
-#include "DiaryKit/Import/ImportError.h"
 #include "tests/replay/ImportShapes.h"
 
 namespace diary::replay {
+
+QString text(const QJsonObject& in, const char* key) {
+    return in[QLatin1String(key)].toString();
+}
 
 namespace {
 
@@ -31,10 +34,6 @@ void makeFile(const QString& path, const QJsonValue& content) {
 }
 
 }  // namespace
-
-QString text(const QJsonObject& in, const char* key) {
-    return in[QLatin1String(key)].toString();
-}
 
 void makeFiles(const QTemporaryDir& folder, const QJsonObject& in) {
     const QJsonObject files = in[QLatin1String("files")].toObject();

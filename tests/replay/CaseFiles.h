@@ -1,9 +1,7 @@
-// What cases of the sources' readers have in common: the files that a case brings along, and the
-// batch that reading them gives.
+// What the readers' cases share: files that a case brings along, and the answer of a reading.
 #pragma once
 
 #include <QtCore/QJsonObject>
-#include <QtCore/QString>
 #include <QtCore/QTemporaryDir>
 #include <functional>
 
@@ -11,12 +9,13 @@
 
 namespace diary::replay {
 
+// The case's text under a key; empty without one.
 [[nodiscard]] QString text(const QJsonObject& in, const char* key);
 
-// Writes the case's `files` below the folder.
+// Writes the case's "files" into the folder: a text, bytes, an empty folder, or a link to nothing.
 void makeFiles(const QTemporaryDir& folder, const QJsonObject& in);
 
-// The batch that reading gives, or the name of what it throws.
+// {"batch": …} of what reading gives, or {"error": …} with the name of what it throws.
 [[nodiscard]] QJsonObject result(const std::function<ImportBatch()>& reading);
 
 }  // namespace diary::replay
