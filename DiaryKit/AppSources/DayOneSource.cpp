@@ -41,21 +41,18 @@ struct JournalContent {
 };
 
 std::optional<QString> readPlace(JsonCursor& json) {
-    if (json.kind() != Kind::Object) {
-        json.skip();
-        return std::nullopt;
-    }
+    if (!json.skipUnless(Kind::Object)) return std::nullopt;
     std::array<std::optional<QString>, 2> near;
     std::array<std::optional<QString>, 2> far;
     json.eachMember([&](const QString& key) {
         if (key == u"localityName") {
-            near[0] = optionalString(json);
+            near[0] = json.optionalString();
         } else if (key == u"placeName") {
-            near[1] = optionalString(json);
+            near[1] = json.optionalString();
         } else if (key == u"administrativeArea") {
-            far[0] = optionalString(json);
+            far[0] = json.optionalString();
         } else if (key == u"country") {
-            far[1] = optionalString(json);
+            far[1] = json.optionalString();
         } else {
             json.skip();
         }
@@ -66,17 +63,14 @@ std::optional<QString> readPlace(JsonCursor& json) {
 }
 
 std::optional<QString> readWeather(JsonCursor& json) {
-    if (json.kind() != Kind::Object) {
-        json.skip();
-        return std::nullopt;
-    }
+    if (!json.skipUnless(Kind::Object)) return std::nullopt;
     std::optional<QString> conditions;
     std::optional<double> celsius;
     json.eachMember([&](const QString& key) {
         if (key == u"conditionsDescription") {
-            conditions = optionalString(json);
+            conditions = json.optionalString();
         } else if (key == u"temperatureCelsius") {
-            celsius = optionalNumber(json);
+            celsius = json.optionalNumber();
         } else {
             json.skip();
         }
@@ -91,24 +85,24 @@ bool readMediaMember(JsonCursor& json, const QString& key, ImportBatch::Skipped&
                        : key == u"pdfAttachments" ? &media.attachments
                                                   : nullptr;
     if (count == nullptr) return false;
-    *count = elementCount(json);
+    *count = json.elementCount();
     return true;
 }
 
 void readMember(JsonCursor& json, const QString& key, RawEntry& entry) {
     if (readMediaMember(json, key, entry.media)) return;
     if (key == u"creationDate") {
-        entry.creationDate = optionalString(json);
+        entry.creationDate = json.optionalString();
     } else if (key == u"timeZone") {
-        entry.timeZone = optionalString(json);
+        entry.timeZone = json.optionalString();
     } else if (key == u"text") {
-        entry.text = optionalString(json);
+        entry.text = json.optionalString();
     } else if (key == u"location") {
         entry.place = readPlace(json);
     } else if (key == u"weather") {
         entry.weather = readWeather(json);
     } else if (key == u"isAllDay") {
-        entry.isAllDay = optionalBoolean(json).value_or(false);
+        entry.isAllDay = json.optionalBoolean().value_or(false);
     } else if (key == u"tags") {
         entry.tags = textList(json);
     } else {
@@ -157,16 +151,13 @@ void add(ImportBatch::Skipped& sum, const ImportBatch::Skipped& more) {
 // The entries that come next as the member "entries"; nothing unless that is an array of objects.
 std::optional<JournalContent> readEntries(JsonCursor& json, const QString& journal,
                                           ZoneCache& zones) {
-    if (json.kind() != Kind::Array) {
-        json.skip();
-        return std::nullopt;
-    }
+    if (!json.skipUnless(Kind::Array)) return std::nullopt;
     JournalContent content;
     bool isMixed = false;
     json.eachElement([&] {
-        if (json.kind() != Kind::Object) {
+        if (!json.skipUnless(Kind::Object)) {
             isMixed = true;
-            return json.skip();
+            return;
         }
         RawEntry raw;
         json.eachMember([&](const QString& key) { readMember(json, key, raw); });
@@ -186,7 +177,7 @@ std::optional<JournalContent> readJournal(QByteArrayView utf8, const QString& jo
                                           ZoneCache& zones) {
     JsonCursor json(utf8);
     std::optional<JournalContent> content;
-    if (json.kind() == Kind::Object) {
+    if (json.skipUnless(Kind::Object)) {
         json.eachMember([&](const QString& key) {
             if (key == u"entries") {
                 content = readEntries(json, journal, zones);
@@ -194,8 +185,6 @@ std::optional<JournalContent> readJournal(QByteArrayView utf8, const QString& jo
                 json.skip();
             }
         });
-    } else {
-        json.skip();
     }
     json.finish();
     return content;

@@ -54,9 +54,9 @@ std::optional<QString> readWeather(JsonCursor& json) {
     std::optional<QString> description;
     json.eachMember([&](const QString& key) {
         if (key == u"degree_c") {
-            celsius = optionalNumber(json);
+            celsius = json.optionalNumber();
         } else if (key == u"description") {
-            description = optionalString(json);
+            description = json.optionalString();
         } else {
             json.skip();
         }
@@ -71,19 +71,19 @@ void readMember(JsonCursor& json, const QString& key, RawEntry& entry) {
     if (key == u"photos") {
         entry.photos = elementCount(json);
     } else if (key == u"date_journal") {
-        entry.milliseconds = optionalNumber(json);
+        entry.milliseconds = json.optionalNumber();
     } else if (key == u"timezone") {
-        entry.timeZone = optionalString(json);
+        entry.timeZone = json.optionalString();
     } else if (key == u"text") {
-        entry.text = optionalString(json);
+        entry.text = json.optionalString();
     } else if (key == u"type") {
-        entry.type = optionalString(json);
+        entry.type = json.optionalString();
     } else if (key == u"weather") {
         entry.weather = readWeather(json);
     } else if (key == u"address") {
-        entry.address = optionalString(json);
+        entry.address = json.optionalString();
     } else if (key == u"title") {
-        entry.title = optionalString(json);
+        entry.title = json.optionalString();
     } else if (key == u"tags") {
         entry.tags = textList(json);
     } else {

@@ -1,5 +1,6 @@
 #include "DiaryKit/AppSources/JsonCursor.h"
 
+#include <cmath>
 #include <limits>
 
 #include "DiaryKit/Foundation/Utf8.h"
@@ -221,6 +222,46 @@ void JsonCursor::skip() {
         case Kind::Null:
             return takeWord("null");
     }
+}
+
+bool JsonCursor::skipUnless(Kind expected) {
+    const bool isExpected = kind() == expected;
+    if (!isExpected) skip();
+    return isExpected;
+}
+
+std::optional<QString> JsonCursor::optionalString() {
+    if (!skipUnless(Kind::String)) return std::nullopt;
+    return takeString();
+}
+
+std::optional<double> JsonCursor::optionalNumber() {
+    if (!skipUnless(Kind::Number)) return std::nullopt;
+    return takeNumber();
+}
+
+std::optional<bool> JsonCursor::optionalBoolean() {
+    if (!skipUnless(Kind::Boolean)) return std::nullopt;
+    return takeBoolean();
+}
+
+std::optional<qint64> JsonCursor::optionalInteger() {
+    constexpr double kBeyond = 9223372036854775808.0;  // 2 to the 63rd power
+    const std::optional<double> number = optionalNumber();
+    if (!number || *number < -kBeyond || *number >= kBeyond || std::trunc(*number) != *number) {
+        return std::nullopt;
+    }
+    return static_cast<qint64>(*number);
+}
+
+int JsonCursor::elementCount() {
+    int count = 0;
+    if (!skipUnless(Kind::Array)) return count;
+    eachElement([&] {
+        skip();
+        ++count;
+    });
+    return count;
 }
 
 void JsonCursor::finish() {

@@ -9,6 +9,7 @@
 #include <QtCore/QByteArrayView>
 #include <QtCore/QString>
 #include <exception>
+#include <optional>
 
 namespace diary {
 
@@ -39,6 +40,18 @@ public:
 
     // Passes over the value that comes next, checking it.
     void skip();
+
+    // Whether the value that comes next is of the kind; passes over it if it isn't.
+    [[nodiscard]] bool skipUnless(Kind expected);
+
+    // The value that comes next, taken; absent and passed over if it is of another kind.
+    [[nodiscard]] std::optional<QString> optionalString();
+    [[nodiscard]] std::optional<double> optionalNumber();
+    [[nodiscard]] std::optional<bool> optionalBoolean();
+    // Likewise for a number without a fraction, 3.0 among them, that 64 bits hold.
+    [[nodiscard]] std::optional<qint64> optionalInteger();
+    // The number of elements of the array that comes next, which is passed over; 0 if it is none.
+    [[nodiscard]] int elementCount();
 
     // Calls `member(key)` for each member of the object that comes next; each call must take or
     // skip exactly one value.

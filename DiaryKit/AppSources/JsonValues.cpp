@@ -6,30 +6,9 @@ namespace diary {
 
 using Kind = JsonCursor::Kind;
 
-std::optional<QString> optionalString(JsonCursor& json) {
-    if (json.kind() == Kind::String) return json.takeString();
-    json.skip();
-    return std::nullopt;
-}
-
-std::optional<double> optionalNumber(JsonCursor& json) {
-    if (json.kind() == Kind::Number) return json.takeNumber();
-    json.skip();
-    return std::nullopt;
-}
-
-std::optional<bool> optionalBoolean(JsonCursor& json) {
-    if (json.kind() == Kind::Boolean) return json.takeBoolean();
-    json.skip();
-    return std::nullopt;
-}
-
 int elementCount(JsonCursor& json) {
     int count = 0;
-    if (json.kind() != Kind::Array) {
-        json.skip();
-        return count;
-    }
+    if (!json.skipUnless(Kind::Array)) return count;
     json.eachElement([&] {
         json.skip();
         ++count;
@@ -39,13 +18,10 @@ int elementCount(JsonCursor& json) {
 
 QStringList textList(JsonCursor& json) {
     QStringList texts;
-    if (json.kind() != Kind::Array) {
-        json.skip();
-        return texts;
-    }
+    if (!json.skipUnless(Kind::Array)) return texts;
     bool isMixed = false;
     json.eachElement([&] {
-        const std::optional<QString> text = optionalString(json);
+        const std::optional<QString> text = json.optionalString();
         if (text) texts.append(*text);
         isMixed = isMixed || !text;
     });

@@ -6,16 +6,10 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
-#include <optional>
 
 #include "DiaryKit/AppSources/JsonCursor.h"
 
 namespace diary {
-
-// The value that comes next, if it is of the kind.
-[[nodiscard]] std::optional<QString> optionalString(JsonCursor& json);
-[[nodiscard]] std::optional<double> optionalNumber(JsonCursor& json);
-[[nodiscard]] std::optional<bool> optionalBoolean(JsonCursor& json);
 
 // The number of elements of the array that comes next, 0 if it is none.
 [[nodiscard]] int elementCount(JsonCursor& json);

@@ -27,8 +27,7 @@ std::optional<QString> rootFolder(const ImportPackage& package) {
 const std::vector<NotePathPattern>& commonPatterns() {
     static const std::vector<NotePathPattern> patterns = {
         // A date anywhere in the name, the year as a folder, and eight digits as the name.
-        NotePathPattern::compiled(
-            u"(?<y>\\d{4})[-_.](?<m>\\d{2})[-_.](?<d>\\d{2})(?!\\d)[^/]*$"_s)
+        NotePathPattern::compiled(u"(?<y>\\d{4})[-_.](?<m>\\d{2})[-_.](?<d>\\d{2})(?!\\d)[^/]*$"_s)
             .value(),
         NotePathPattern::compiled(u"(?:^|/)(?<y>\\d{4})/(?<m>\\d{2})[-/](?<d>\\d{2})\\.\\w+$"_s)
             .value(),

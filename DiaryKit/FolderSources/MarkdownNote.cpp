@@ -66,8 +66,7 @@ void readFrontmatter(QStringView block, Frontmatter& note) {
 Frontmatter splitFrontmatter(QString text) {
     constexpr qsizetype kOpening = 4;
     text.replace("\r\n"_L1, "\n"_L1);
-    const qsizetype closing =
-        text.startsWith("---\n"_L1) ? text.indexOf("\n---"_L1, kOpening) : -1;
+    const qsizetype closing = text.startsWith("---\n"_L1) ? text.indexOf("\n---"_L1, kOpening) : -1;
     if (closing < 0) return {.body = text};
     Frontmatter note;
     readFrontmatter(QStringView(text).sliced(kOpening, closing - kOpening), note);
@@ -79,7 +78,8 @@ Frontmatter splitFrontmatter(QString text) {
 QString dropDateTitle(const QString& text) {
     if (!text.startsWith(u'#')) return text;
     const qsizetype lineEnd = text.indexOf(u'\n');
-    const auto match = DateLine::match(QStringView(text).first(lineEnd < 0 ? text.size() : lineEnd));
+    const auto match =
+        DateLine::match(QStringView(text).first(lineEnd < 0 ? text.size() : lineEnd));
     if (!match || !match->rest.isEmpty()) return text;
     return lineEnd < 0 ? QString() : text::trimmed(QStringView(text).sliced(lineEnd)).toString();
 }

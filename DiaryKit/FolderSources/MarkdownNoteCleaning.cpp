@@ -65,10 +65,9 @@ bool isAt(QStringView text, qsizetype place, QChar unit) {
     return place < text.size() && text[place] == unit;
 }
 
-constexpr std::array kMediaExtensions = {"png"_L1, "jpg"_L1, "jpeg"_L1, "gif"_L1,
-                                         "heic"_L1, "webp"_L1, "svg"_L1, "bmp"_L1,
-                                         "tif"_L1, "tiff"_L1, "mp4"_L1, "mov"_L1,
-                                         "m4a"_L1, "mp3"_L1, "pdf"_L1};
+constexpr std::array kMediaExtensions = {"png"_L1,  "jpg"_L1, "jpeg"_L1, "gif"_L1, "heic"_L1,
+                                         "webp"_L1, "svg"_L1, "bmp"_L1,  "tif"_L1, "tiff"_L1,
+                                         "mp4"_L1,  "mov"_L1, "m4a"_L1,  "mp3"_L1, "pdf"_L1};
 
 bool startsFolded(QStringView text, QLatin1String word) {
     return text.size() >= word.size() &&

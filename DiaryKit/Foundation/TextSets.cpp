@@ -172,6 +172,15 @@ int contentCharacterCount(QStringView text) {
     return count;
 }
 
+bool standsAlone(QStringView text, qsizetype position) {
+    // Below the combining marks nothing joins.
+    constexpr QChar kFirstMark = u'\u0300';
+    const qsizetype next = position + 1;
+    if (next < text.size() && text[next] >= kFirstMark && joinsNext(text, next)) return false;
+    return position == 0 || text[position - 1] < kFirstMark ||
+           clusterBreakOf(codePointBefore(text, position)) != U_GCB_PREPEND;
+}
+
 bool canonicallyEqual(QStringView a, QStringView b) {
     if (a == b) return true;
     UErrorCode status = U_ZERO_ERROR;

@@ -43,6 +43,10 @@ namespace diary::text {
 // Fast enough for every keystroke: full segmentation runs only around characters that need it.
 [[nodiscard]] int contentCharacterCount(QStringView text);
 
+// Whether the unit at `position`, a printable ASCII character, is all of what people see as one
+// character (grapheme cluster): no mark belongs to it. "a,\u0301b", 1 -> false
+[[nodiscard]] bool standsAlone(QStringView text, qsizetype position);
+
 // Whether two texts are canonically equivalent (UAX #15). Equal texts are found so cheaply.
 [[nodiscard]] bool canonicallyEqual(QStringView a, QStringView b);
 

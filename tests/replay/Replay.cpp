@@ -28,6 +28,8 @@ const Table& functions() {
         addPlanFunctions(all);
         addLogFunctions(all);
         addDatedTextFunctions(all);
+        addDaylioFunctions(all);
+        addFolderSourceFunctions(all);
         return all;
     }();
     return table;

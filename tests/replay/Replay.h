@@ -24,6 +24,8 @@ void addHtmlFunctions(Table& table);
 void addPlanFunctions(Table& table);
 void addLogFunctions(Table& table);
 void addDatedTextFunctions(Table& table);
+void addDaylioFunctions(Table& table);
+void addFolderSourceFunctions(Table& table);
 
 // All functions of the kit that cases can name.
 [[nodiscard]] const Table& functions();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QJsonDocument>
+#include <limits>
 #include <random>
 
 #include "DiaryKit/AppSources/IsoMoment.h"
@@ -74,6 +75,45 @@ TEST(JsonCursor, VisitsMembersAndElementsInOrder) {
     });
     json.finish();
     EXPECT_EQ(seen.join(u' '), QStringLiteral("a 1 x 2 b c"));
+}
+
+template <typename Value>
+Value taken(const char* text, Value (JsonCursor::*take)()) {
+    JsonCursor json(text);
+    Value value = (json.*take)();
+    json.finish();
+    return value;
+}
+
+TEST(JsonCursor, PassesOverValuesOfAnotherKind) {
+    EXPECT_EQ(taken("\"x\"", &JsonCursor::optionalString), QStringLiteral("x"));
+    EXPECT_EQ(taken("1", &JsonCursor::optionalString), std::nullopt);
+    EXPECT_EQ(taken("-2.5", &JsonCursor::optionalNumber), -2.5);
+    EXPECT_EQ(taken("true", &JsonCursor::optionalNumber), std::nullopt);
+    EXPECT_EQ(taken("\"1\"", &JsonCursor::optionalInteger), std::nullopt);
+    EXPECT_EQ(taken("false", &JsonCursor::optionalBoolean), false);
+    EXPECT_EQ(taken("[[1]]", &JsonCursor::optionalBoolean), std::nullopt);
+    EXPECT_EQ(taken("[1, [2], {}]", &JsonCursor::elementCount), 3);
+    EXPECT_EQ(taken("{\"a\": [1]}", &JsonCursor::elementCount), 0);
+
+    JsonCursor object("{\"a\": 1}");
+    EXPECT_FALSE(object.skipUnless(JsonCursor::Kind::Array));
+    object.finish();
+    JsonCursor array("[1]");
+    EXPECT_TRUE(array.skipUnless(JsonCursor::Kind::Array));
+    EXPECT_EQ(array.elementCount(), 1);
+}
+
+TEST(JsonCursor, TakesNumbersWithoutAFractionAsIntegers) {
+    const auto integer = [](const char* text) { return JsonCursor(text).optionalInteger(); };
+    EXPECT_EQ(integer("3"), 3);
+    EXPECT_EQ(integer("3.0"), 3);
+    EXPECT_EQ(integer("-1e3"), -1000);
+    EXPECT_EQ(integer("-9223372036854775808"), std::numeric_limits<qint64>::min());
+    EXPECT_EQ(integer("9223372036854775808"), std::nullopt);
+    EXPECT_EQ(integer("1e999"), std::nullopt);
+    EXPECT_EQ(integer("2.5"), std::nullopt);
+    EXPECT_EQ(integer("true"), std::nullopt);
 }
 
 // Of lists only, since Qt's reader refuses plain values, and without decimal points and control

@@ -71,7 +71,7 @@ TEST_F(MarkdownFolder, TellsItsFlavorByItsPaths) {
 TEST_F(MarkdownFolder, InAZipIsNeverOfObsidian) {
     diary::testing::ZipBuilder zip;
     zip.add(diary::testing::ZipBuilder::packed("notes/.obsidian/daily-notes.json",
-                                        R"({"format":"DD.MM.YYYY"})"));
+                                               R"({"format":"DD.MM.YYYY"})"));
     zip.add(diary::testing::ZipBuilder::packed("notes/2021-03-04.md", "x"));
     zip.add(diary::testing::ZipBuilder::packed("notes/04.03.2020.md", "y"));
     files.write(QStringLiteral("notes.zip"), zip.bytes());

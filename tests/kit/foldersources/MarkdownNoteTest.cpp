@@ -12,8 +12,8 @@
 namespace diary {
 namespace {
 
-using MarkdownFolderSource::Cleaned;
 using MarkdownFolderSource::clean;
+using MarkdownFolderSource::Cleaned;
 using MarkdownFolderSource::dropDateTitle;
 using MarkdownFolderSource::Flavor;
 using MarkdownFolderSource::Frontmatter;
@@ -66,9 +66,9 @@ TEST(NoteBody, KeepsALinkForAnEmbeddedNote) {
 TEST(NoteBody, HasTheFlavorsMarksAsMarkdown) {
     EXPECT_EQ(clean(s("::a:: __b__ ~c~ ~~d~~"), Flavor::diarly).text, s("**a** b ~~c~~ ~~d~~"));
     EXPECT_EQ(clean(s("::a:: __b__ ~c~"), Flavor::generic).text, s("::a:: __b__ ~c~"));
-    EXPECT_EQ(clean(s("- a\n  id:: 1\n- collapsed:: true\nb\ncard-last-score:: 2"), Flavor::logseq)
-                  .text,
-              s("- a\n\nb"));
+    EXPECT_EQ(
+        clean(s("- a\n  id:: 1\n- collapsed:: true\nb\ncard-last-score:: 2"), Flavor::logseq).text,
+        s("- a\n\nb"));
     EXPECT_EQ(clean(s("- mood:: fine"), Flavor::logseq).text, s("- mood:: fine"));
 }
 
@@ -119,14 +119,14 @@ Cleaned cleanedByExpressions(QString text, Flavor flavor) {
 
 TEST(NoteBody, IsWhatTheRulesAsRegularExpressionsMake) {
     static const QStringList pieces = {
-        s("![["),     s("]]"),     s("!["),    s("]"),       s("("),
-        s(")"),       s("{"),      s("}"),     s("a"),       s(".png"),
-        s(".TIFF"),   s(".jpeg"),  s("|"),     s(".ſvg"),    s("::"),
-        s(":"),       s("__"),     s("_"),     s("~"),       s("~~"),
-        s("\n"),      s("\n\n"),   s(" "),     s("\t"),      s("- "),
-        s("-"),       s("id::"),   s("card-"), s("x"),       s("card-a-b::"),
-        s("[["),      s("\u2028"), s("\v"),    s("\r"),      s("collapsed:: true"),
-        s("\u0085"),  s("é"),      s("😀"),    s("heading:: 2")};
+        s("![["),    s("]]"),     s("!["),    s("]"),          s("("),
+        s(")"),      s("{"),      s("}"),     s("a"),          s(".png"),
+        s(".TIFF"),  s(".jpeg"),  s("|"),     s(".ſvg"),       s("::"),
+        s(":"),      s("__"),     s("_"),     s("~"),          s("~~"),
+        s("\n"),     s("\n\n"),   s(" "),     s("\t"),         s("- "),
+        s("-"),      s("id::"),   s("card-"), s("x"),          s("card-a-b::"),
+        s("[["),     s("\u2028"), s("\v"),    s("\r"),         s("collapsed:: true"),
+        s("\u0085"), s("é"),      s("😀"),    s("heading:: 2")};
     QRandomGenerator random(20211104);
     for (int round = 0; round < 30'000; ++round) {
         QString text;
