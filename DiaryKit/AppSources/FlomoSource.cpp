@@ -40,28 +40,23 @@ private:
     qint64 m_count = 0;
 };
 
-// Reads what a part holds, once for all memos that share it: those are around one another, so they
+// Converts contents, each once for all memos that share it: those are around one another, so they
 // follow one another.
-template <typename Value>
-class PartReader {
+class BodyReader {
 public:
-    using Read = Value (*)(const HTMLNode& node);
-    explicit PartReader(Read function) : m_read(function) {}
-
-    // Nothing for a part that lies too deep in others.
-    [[nodiscard]] const std::optional<Value>& read(const HTMLPart& part) {
-        if (&part == m_last) return m_value;
-        m_last = &part;
-        m_value.reset();
-        if (m_bound.admits(part)) m_value = m_read(*part.node);
-        return m_value;
+    // Nothing for a content that lies too deep in others.
+    [[nodiscard]] const std::optional<QString>& read(const HTMLPart& content) {
+        if (&content == m_last) return m_body;
+        m_last = &content;
+        m_body.reset();
+        if (m_bound.admits(content)) m_body = HTMLToMarkdown::markdown(*content.node);
+        return m_body;
     }
 
 private:
-    Read m_read;
     NestingBound m_bound;
     const HTMLPart* m_last = nullptr;
-    std::optional<Value> m_value;
+    std::optional<QString> m_body;
 };
 
 // When a memo was written.
@@ -70,8 +65,23 @@ struct Moment {
     std::optional<ImportedEntry::Time> time;
 };
 
+// The beginning of the text below an element. A date stands there or nowhere, while a time that is
+// never closed holds all that follows in the page, and the times in that hold it again.
+QString beginningOfText(const HTMLNode& element) {
+    constexpr int kMostNodes = 500;
+    constexpr qsizetype kMostUnits = 1000;
+    QString text;
+    const HTMLNode* node = element.next(element);
+    for (int count = 0; node && count < kMostNodes && text.size() < kMostUnits; ++count) {
+        if (node->isText()) text += node->text().left(kMostUnits);
+        if (node->role() == HTMLRole::LineBreak) text += u'\n';
+        node = node->next(element);
+    }
+    return text;
+}
+
 std::optional<Moment> momentOf(const HTMLNode& time) {
-    const std::optional<DateLine::Match> match = DateLine::match(time.textContent());
+    const std::optional<DateLine::Match> match = DateLine::match(beginningOfText(time));
     if (!match || !match->year) return std::nullopt;
     const DiaryDay day{*match->year, match->month, match->day};
     if (!LocalTime::isValid(day.year, day.month, day.day)) return std::nullopt;
@@ -80,8 +90,7 @@ std::optional<Moment> momentOf(const HTMLNode& time) {
 
 class Page {
 public:
-    Page(const HTMLNode& root, ImportBatch& batch)
-        : m_root(root), m_batch(batch), m_moments(momentOf), m_bodies(HTMLToMarkdown::markdown) {}
+    Page(const HTMLNode& root, ImportBatch& batch) : m_root(root), m_batch(batch) {}
 
     void read() {
         const HTMLParts memos(
@@ -107,8 +116,7 @@ private:
 
     void addEntry(const HTMLParts::Holder& memo) {
         const HTMLPart* const time = memo.parts[kTime];
-        const std::optional<Moment> moment =
-            time ? m_moments.read(*time).value_or(std::nullopt) : std::nullopt;
+        const std::optional<Moment> moment = time ? momentOf(*time->node) : std::nullopt;
         if (!moment) {
             ++m_batch.skipped.undated;
             return;
@@ -128,8 +136,7 @@ private:
 
     const HTMLNode& m_root;
     ImportBatch& m_batch;
-    PartReader<std::optional<Moment>> m_moments;
-    PartReader<QString> m_bodies;
+    BodyReader m_bodies;
 };
 
 }  // namespace
