@@ -57,4 +57,22 @@ QJsonObject result(const std::function<ImportBatch()>& reading) {
     }
 }
 
+DatedTextSplit::Options splitOptions(const QJsonObject& in) {
+    DatedTextSplit::Options options;
+    const QString placement = text(in, "placement");
+    if (placement == u"paragraphStart") {
+        options.placement = DatedTextSplit::Placement::paragraphStart;
+    } else if (placement == u"anyLine") {
+        options.placement = DatedTextSplit::Placement::anyLine;
+    }
+    const QString rest = text(in, "rest");
+    if (rest == u"body") options.rest = DatedTextSplit::Rest::body;
+    if (rest == u"drop") options.rest = DatedTextSplit::Rest::drop;
+    const QJsonValue dayFirst = in[QLatin1String("dayFirst")];
+    if (dayFirst.isBool()) options.dayFirst = dayFirst.toBool();
+    const QJsonValue assumedYear = in[QLatin1String("assumedYear")];
+    if (assumedYear.isDouble()) options.assumedYear = assumedYear.toInt();
+    return options;
+}
+
 }  // namespace diary::replay

@@ -5,6 +5,7 @@
 #include <QtCore/QTemporaryDir>
 #include <functional>
 
+#include "DiaryKit/DatedText/DatedTextSplit.h"
 #include "DiaryKit/Import/ImportBatch.h"
 
 namespace diary::replay {
@@ -17,5 +18,8 @@ void makeFiles(const QTemporaryDir& folder, const QJsonObject& in);
 
 // {"batch": …} of what reading gives, or {"error": …} with the name of what it throws.
 [[nodiscard]] QJsonObject result(const std::function<ImportBatch()>& reading);
+
+// How a case wants dated text to be divided; what it leaves out is found out.
+[[nodiscard]] DatedTextSplit::Options splitOptions(const QJsonObject& in);
 
 }  // namespace diary::replay

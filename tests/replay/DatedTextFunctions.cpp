@@ -5,16 +5,13 @@
 #include "DiaryKit/DatedText/DateLine.h"
 #include "DiaryKit/DatedText/DatedTextSource.h"
 #include "DiaryKit/DatedText/DatedTextSplit.h"
+#include "tests/replay/CaseFiles.h"
 #include "tests/replay/ImportShapes.h"
 #include "tests/replay/Replay.h"
 
 namespace diary::replay {
 
 namespace {
-
-QString text(const QJsonObject& in, const char* key) {
-    return in[QLatin1String(key)].toString();
-}
 
 QJsonObject hourAndMinute(const ImportedEntry::Time& time) {
     return {{QStringLiteral("hour"), time.hour}, {QStringLiteral("minute"), time.minute}};
@@ -54,24 +51,6 @@ QJsonValue splitWeather(const QJsonObject& in) {
     const DatedTextSplit::WeatherAndTitle found = DatedTextSplit::splitWeather(text(in, "text"));
     return QJsonObject{{QStringLiteral("weather"), orNull(found.weather)},
                        {QStringLiteral("title"), orNull(found.title)}};
-}
-
-DatedTextSplit::Options splitOptions(const QJsonObject& in) {
-    DatedTextSplit::Options options;
-    const QString placement = text(in, "placement");
-    if (placement == u"paragraphStart") {
-        options.placement = DatedTextSplit::Placement::paragraphStart;
-    } else if (placement == u"anyLine") {
-        options.placement = DatedTextSplit::Placement::anyLine;
-    }
-    const QString rest = text(in, "rest");
-    if (rest == u"body") options.rest = DatedTextSplit::Rest::body;
-    if (rest == u"drop") options.rest = DatedTextSplit::Rest::drop;
-    const QJsonValue dayFirst = in[QLatin1String("dayFirst")];
-    if (dayFirst.isBool()) options.dayFirst = dayFirst.toBool();
-    const QJsonValue assumedYear = in[QLatin1String("assumedYear")];
-    if (assumedYear.isDouble()) options.assumedYear = assumedYear.toInt();
-    return options;
 }
 
 QJsonValue datedTextSplit(const QJsonObject& in) {

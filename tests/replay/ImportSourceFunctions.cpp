@@ -1,4 +1,5 @@
 // The readers of other applications' exports, on files that the case brings along.
+#include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 #include <QtCore/QTemporaryDir>
 
@@ -7,6 +8,7 @@
 #include "DiaryKit/AppSources/FlomoSource.h"
 #include "DiaryKit/AppSources/JourneySource.h"
 #include "DiaryKit/Import/MiniHTML.h"
+#include "DiaryKit/ImportReader/ImportReader.h"
 #include "tests/replay/CaseFiles.h"
 #include "tests/replay/Replay.h"
 
@@ -35,9 +37,35 @@ QJsonValue overlayText(const QJsonObject& in) {
     return QJsonObject{{QStringLiteral("texts"), QJsonArray::fromStringList(texts)}};
 }
 
+ImportReader::Options readerOptions(const QJsonObject& in) {
+    ImportReader::Options options;
+    const QJsonObject moods = in[QLatin1String("moodLabels")].toObject();
+    for (auto mood = moods.begin(); mood != moods.end(); ++mood) {
+        options.moodLabels[mood.key()] = mood.value().toString();
+    }
+    const QJsonValue split = in[QLatin1String("split")];
+    if (split.isObject()) options.split = splitOptions(split.toObject());
+    options.currentYear = in[QLatin1String("currentYear")].toInt();
+    return options;
+}
+
+QJsonValue importRead(const QJsonObject& in) {
+    const QTemporaryDir folder;
+    makeFiles(folder, in);
+    return result([&] {
+        ImportBatch batch =
+            ImportReader::read(folder.filePath(text(in, "picked")),
+                               readerOptions(in[QLatin1String("options")].toObject()), {});
+        if (batch.reportURL)
+            batch.reportURL = QDir(folder.path()).relativeFilePath(*batch.reportURL);
+        return batch;
+    });
+}
+
 }  // namespace
 
 void addImportSourceFunctions(Table& table) {
+    table[QStringLiteral("importRead")] = importRead;
     table[QStringLiteral("dayOneRead")] = reader(DayOneSource::journalFiles, DayOneSource::read);
     table[QStringLiteral("journeyRead")] = reader(JourneySource::entryFiles, JourneySource::read);
     table[QStringLiteral("appleJournalRead")] =
