@@ -123,7 +123,9 @@ void MainWindowController::renderSidebar() {
     if (m_isVaultKnown) {
         windowstates::refresh(m_vaultFacts, *m_store, m_session->currentMonthDay().month);
     }
-    m_window->sidebar()->update(sidebarModel(windowstates::sidebar(*m_session, m_vaultFacts)));
+    SidebarState sidebar = windowstates::sidebar(*m_session, m_vaultFacts);
+    if (!m_isVaultKnown) sidebar.overview.reset();
+    m_window->sidebar()->update(sidebarModel(sidebar));
     m_searchWiring->renderPane();
     const bool isNew = m_vaultFacts.revision != before;
     if (isNew && m_yearOverview && m_yearOverview->isVisible()) {
