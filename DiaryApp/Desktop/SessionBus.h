@@ -3,8 +3,8 @@
 
 namespace velmar::sessionbus {
 
-// Connects in the background; returns at once. The first to need the bus, which is Qt itself as soon
-// as a widget gets its accessible name, waits only for what is left of that.
+// Connects in the background; returns at once. The first to need the bus, which is Qt itself as
+// soon as a widget gets its accessible name, waits only for what is left of that.
 void warmUp();
 
 }  // namespace velmar::sessionbus

@@ -33,18 +33,22 @@ QString todayDate(const SidebarState& state, const Formatters& formatters) {
     return written.isEmpty() ? today.headerTitle() : written;
 }
 
+std::array<SidebarModel::Stat, 3> factsOf(const diary::Overview& overview) {
+    const QString earliest =
+        overview.earliestYear ? QString::number(*overview.earliestYear) : QStringLiteral("—");
+    return {{
+        // A fixed label, in leap years too.
+        {qtTrId("Days written"), QString::number(overview.daysWithContent),
+         QStringLiteral(" / 365")},
+        {qtTrId("Earliest year"), earliest, QString()},
+        {qtTrId("Files"), QString::number(overview.fileCount), QString()},
+    }};
+}
+
 std::array<SidebarModel::Stat, 3> stats(const std::optional<diary::Overview>& overview) {
-    std::array<SidebarModel::Stat, 3> stats = {{{qtTrId("Days written"), {}, {}},
-                                                {qtTrId("Earliest year"), {}, {}},
-                                                {qtTrId("Files"), {}, {}}}};
-    if (!overview) return stats;
-    auto& [days, earliest, files] = stats;
-    days.value = QString::number(overview->daysWithContent);
-    // A fixed label, in leap years too.
-    days.suffix = QStringLiteral(" / 365");
-    earliest.value =
-        overview->earliestYear ? QString::number(*overview->earliestYear) : QStringLiteral("—");
-    files.value = QString::number(overview->fileCount);
+    std::array<SidebarModel::Stat, 3> stats = factsOf(overview.value_or(diary::Overview()));
+    if (overview) return stats;
+    for (SidebarModel::Stat& each : stats) each = {each.label, QString(), QString()};
     return stats;
 }
 
