@@ -37,12 +37,7 @@ void MainWindowController::wire() {
     m_window->onFilesDropped = [this](const QList<QUrl>& files) {
         if (onImportDrop) onImportDrop(files);
     };
-    // The page is what was opened. The columns beside it take as long, and the fonts of other
-    // scripts in the rail's snippets longer than everything else.
-    m_window->onFirstPaint = [this] {
-        renderSidebar();
-        renderRail();
-    };
+    m_window->onFirstPaint = [this] { completeWindow(); };
     wireMenu();
     wireEntry();
     wireColumns();

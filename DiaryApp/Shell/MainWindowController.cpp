@@ -100,6 +100,17 @@ void MainWindowController::takeScan(const diary::ArchiveScan& scan) {
     m_isVaultKnown = true;
 }
 
+// The page is what was opened. The columns beside it take as long, and the fonts of other scripts
+// in the rail's snippets longer than everything else.
+void MainWindowController::completeWindow() {
+    if (m_isActivationDue) {
+        applicationBecameActive();  // Renders the sidebar as well.
+    } else {
+        renderSidebar();
+    }
+    renderRail();
+}
+
 void MainWindowController::renderTopBar() {
     const TopBarView::Model model = windowstates::topBar(*m_session);
     m_window->topBar()->update(model);
@@ -107,12 +118,14 @@ void MainWindowController::renderTopBar() {
 }
 
 void MainWindowController::renderSidebar() {
-    if (!m_window->isPainted()) return;  // It comes a moment after the first page.
+    if (!m_window->hasColumns()) return;  // It comes a moment after the first page.
     const int before = m_vaultFacts.revision;
     if (m_isVaultKnown) {
         windowstates::refresh(m_vaultFacts, *m_store, m_session->currentMonthDay().month);
     }
-    m_window->sidebar()->update(sidebarModel(windowstates::sidebar(*m_session, m_vaultFacts)));
+    SidebarState sidebar = windowstates::sidebar(*m_session, m_vaultFacts);
+    if (!m_isVaultKnown) sidebar.overview.reset();
+    m_window->sidebar()->update(sidebarModel(sidebar));
     m_searchWiring->renderPane();
     const bool isNew = m_vaultFacts.revision != before;
     if (isNew && m_yearOverview && m_yearOverview->isVisible()) {
@@ -128,7 +141,7 @@ void MainWindowController::renderEntry() {
 }
 
 void MainWindowController::renderRail() {
-    if (!m_window->isPainted()) return;
+    if (!m_window->hasColumns()) return;
     const diary::MonthDay day = m_session->currentMonthDay();
     if (std::exchange(m_railDay, day) != day) m_window->rail()->scrollToTop();
     m_window->rail()->update(railModel(windowstates::rail(*m_session, search())));
@@ -170,7 +183,11 @@ void MainWindowController::retire() {
     m_window->hide();
 }
 
+// A start brings this between the first paint and its arrival on the screen; looking through the
+// vault's files again would hold the page back.
 void MainWindowController::applicationBecameActive() {
+    m_isActivationDue = !m_window->hasColumns();
+    if (m_isActivationDue) return;
     m_session->applicationBecameActive();
     m_store->warmEvictedFiles();
 }

@@ -76,6 +76,7 @@ private:
     void wireMenu();
     void wireEntry();
     void wireColumns();
+    void completeWindow();
     void lookThroughVault(const FirstScan& scan);
     void takeScan(const diary::ArchiveScan& scan);
     void renderTopBar();
@@ -101,6 +102,8 @@ private:
     std::unique_ptr<diary::VaultObserver> m_observer;
     // Asking the store for its numbers before would read the whole vault on the main thread.
     bool m_isVaultKnown = false;
+    // The application became active before the window had its columns.
+    bool m_isActivationDue = false;
     windowstates::VaultFacts m_vaultFacts;
     diary::MonthDay m_railDay;
 };
