@@ -201,7 +201,8 @@ void MainWindowController::showYearOverview() {
             m_session->open(day, Focus::Editor);
         };
     }
-    m_yearOverview->present(windowstates::yearOverview(*m_store), m_window.get());
+    m_yearOverview->present(windowstates::yearOverview(m_vaultFacts->archive()), m_window.get());
+    m_vaultFacts->lookAgain();
 }
 
 void MainWindowController::showInFinder() const {
