@@ -4,32 +4,28 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTimer>
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <functional>
-#include <vector>
 
 namespace velmar::bench {
 
-// The processor time counts: on a machine that others use too, the other grows with their work.
-struct Turn {
-    double processorMs = 0;
-    double wallMs = 0;
-};
-
+// In milliseconds of the thread's processor time: on a machine that others use too, any other time
+// grows with their work, and a turn that waits for an event isn't one that keeps others waiting.
 struct Turns {
-    Turn longest;
-    double processorMs = 0;
+    double longest = 0;
+    double all = 0;
 
-    void add(const Turn& turn) {
-        processorMs += turn.processorMs;
-        if (turn.processorMs > longest.processorMs) longest = turn;
+    void add(double turn) {
+        all += turn;
+        longest = std::max(longest, turn);
     }
 };
 
-inline double milliseconds(clockid_t clock) {
+inline double threadMilliseconds() {
     timespec moment{};
-    ::clock_gettime(clock, &moment);
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &moment);
     return static_cast<double>(moment.tv_sec) * 1e3 + static_cast<double>(moment.tv_nsec) / 1e6;
 }
 
@@ -43,11 +39,9 @@ inline Turns turnsOf(const std::function<void()>& action, std::chrono::milliseco
     QMetaObject::invokeMethod(&end, action, Qt::QueuedConnection);
     Turns turns;
     while (!isOver) {
-        const double before = milliseconds(CLOCK_THREAD_CPUTIME_ID);
-        const double wallBefore = milliseconds(CLOCK_MONOTONIC);
+        const double before = threadMilliseconds();
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        turns.add({milliseconds(CLOCK_THREAD_CPUTIME_ID) - before,
-                   milliseconds(CLOCK_MONOTONIC) - wallBefore});
+        turns.add(threadMilliseconds() - before);
     }
     return turns;
 }
