@@ -46,6 +46,7 @@ public:
         localization::install(Language::en);
         appearance::apply(m_settings);
         diary::bench::writeVault(m_vault.path());
+        writeLongDay();
     }
 
     // The search is asked for as soon as the window is there, with the vault still unknown.
@@ -54,7 +55,8 @@ public:
             m_settings, std::make_unique<diary::DiaryStore>(m_vault.path()));
         m_controller->show();
         while (!m_controller->window()->rail()->isVisible()) QCoreApplication::processEvents();
-        measure("the columns' first paint", [] {}, 1ms);
+        measure(
+            "the columns' first paint", [] {}, 1ms);
         measure("search right at the start", [this] { m_controller->perform(Action::Find); });
         bench::turnsOf([this] { m_controller->search().exitSearch(); }, 1000ms);
     }
@@ -76,8 +78,11 @@ public:
         measure("year calendar", [this] { m_controller->perform(Action::YearCalendar); });
         measure("all years of a hit", [this] { press(Qt::Key_Return, Qt::ControlModifier); });
         measure("a hit in all years", [this] { press(Qt::Key_Down); });
+        measure("an old hit in all years", [this] { m_controller->search().select(lastHit()); });
         measure("back to one year", [this] { m_controller->perform(Action::OneYear); });
         measure("empty the search", [this] { m_controller->search().escape(); });
+        measure("search a day of 50 kB", [this] { type(QStringLiteral("zanzibar")); });
+        bench::turnsOf([this] { m_controller->search().escape(); }, 300ms);
         measure("leave the search", [this] { m_controller->search().exitSearch(); });
         m_controller->yearOverviewControllerIfMade()->close();
         bench::turnsOf([this] { m_controller->perform(Action::Today); }, 300ms);
@@ -91,9 +96,8 @@ public:
             std::vector<double> sums;
             for (const Turns& each : all) sums.push_back(each.all);
             std::ranges::sort(sums);
-            std::printf("%-26s %9.1f %9.1f %9.1f %6zu\n", name.c_str(),
-                        all[all.size() / 2].longest, all.back().longest, sums[sums.size() / 2],
-                        all.size());
+            std::printf("%-26s %9.1f %9.1f %9.1f %6zu\n", name.c_str(), all[all.size() / 2].longest,
+                        all.back().longest, sums[sums.size() / 2], all.size());
         }
         std::fflush(stdout);
         m_turns.clear();
@@ -123,6 +127,19 @@ private:
         }
     }
 
+    [[nodiscard]] int lastHit() const {
+        return static_cast<int>(m_controller->search().session()->result->hits.size()) - 1;
+    }
+
+    // One year that alone is as long as all fifty of another day, with a word of its own at its
+    // end.
+    void writeLongDay() {
+        QString text = diary::bench::dayFile(1, 50000);
+        text.replace(QLatin1String("# 01-01"), QLatin1String("# 03-07"));
+        QFile file(m_vault.path() + QLatin1String("/03-07.md"));
+        if (file.open(QIODevice::WriteOnly)) file.write(text.toUtf8() + "\nzanzibar\n");
+    }
+
     void changeOutside(diary::MonthDay day) {
         QFile file(m_vault.path() + u'/' + day.fileName());
         if (file.open(QIODevice::Append)) file.write("\nA line from elsewhere.\n");
@@ -130,10 +147,11 @@ private:
 
     // By another process, as what synchronises the vault is: the bench's own time doesn't count.
     void changeAllOutside() {
-        QProcess::startDetached(QStringLiteral("sh"),
-                                {QStringLiteral("-c"),
-                                 QStringLiteral("for f in \"$1\"/*.md; do echo more >> \"$f\"; done"),
-                                 QStringLiteral("sh"), m_vault.path()});
+        QProcess::startDetached(
+            QStringLiteral("sh"),
+            {QStringLiteral("-c"),
+             QStringLiteral("for f in \"$1\"/*.md; do echo more >> \"$f\"; done"),
+             QStringLiteral("sh"), m_vault.path()});
     }
 
     QTemporaryDir m_home;

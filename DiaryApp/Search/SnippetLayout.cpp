@@ -36,7 +36,8 @@ int SnippetLayout::lineCount(const QString& text, double width) {
 }
 
 int SnippetLayout::likelyLineCount(const QString& text, double width) {
-    const auto wide = std::ranges::count_if(text, [](QChar letter) { return letter >= kFirstWide; });
+    const auto wide =
+        std::ranges::count_if(text, [](QChar letter) { return letter >= kFirstWide; });
     const double letters = kLetterShare * static_cast<double>(text.size() - wide);
     const double length = (letters + static_cast<double>(wide)) * snippetFont().pixelSize();
     return std::clamp(static_cast<int>(std::ceil(length / width)), 1, maximumLines);

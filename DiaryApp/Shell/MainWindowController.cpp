@@ -33,7 +33,8 @@ MainWindowController::MainWindowController(Settings& settings,
     const SessionView view = sessionView();
     m_session = std::make_unique<WritingSession>(*m_store, view, environment);
     m_alerts = std::make_unique<SessionAlerts>(*m_window, *m_session);
-    m_searchWiring = std::make_unique<SearchWiring>(*m_window, *m_session, *m_vaultFacts, view, settings);
+    m_searchWiring =
+        std::make_unique<SearchWiring>(*m_window, *m_session, *m_vaultFacts, view, settings);
     wire();
     m_observer = std::make_unique<diary::VaultObserver>(m_store->rootURL(), [this] {
         // On the observer's thread; the session's is the main one.

@@ -25,6 +25,21 @@ TEST_F(SearchControllerTest, OpensWithTheYearsOfTheVaultAndTheFocusInTheField) {
     EXPECT_EQ(session().query, QString());
 }
 
+TEST_F(SearchControllerTest, YearsThatAreNotKnownYetComeLaterAndOnce) {
+    contentYears.reset();
+    controller->contentYearsBecameKnown();
+    controller->showSearch();
+    EXPECT_THAT(session().years, IsEmpty());
+    contentYears = {2021, 2026};
+    calls.clear();
+    controller->contentYearsBecameKnown();
+    EXPECT_THAT(session().years, ElementsAre(2026, 2021));
+    EXPECT_THAT(calls, Contains(QStringLiteral("sidebar")));
+    contentYears = {2021, 2026, 2027};
+    controller->contentYearsBecameKnown();
+    EXPECT_THAT(session().years, ElementsAre(2026, 2021));
+}
+
 TEST_F(SearchControllerTest, ShowingAnOpenSearchOnlyTakesTheFocus) {
     controller->showSearch();
     search(QStringLiteral("canal"));
