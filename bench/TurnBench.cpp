@@ -4,7 +4,6 @@
 //   turn_bench [rounds]
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
-#include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QWindow>
@@ -38,10 +37,7 @@ constexpr int kMatches = 3;
 
 class TurnBench {
 public:
-    TurnBench()
-        : m_settings(std::make_unique<QSettings>(m_home.filePath(QStringLiteral("settings.ini")),
-                                                 QSettings::IniFormat),
-                     m_home.path(), QProcessEnvironment()) {
+    explicit TurnBench(Settings& settings) : m_settings(settings) {
         appearance::prepare();
         localization::install(Language::en);
         appearance::apply(m_settings);
@@ -154,9 +150,8 @@ private:
              QStringLiteral("sh"), m_vault.path()});
     }
 
-    QTemporaryDir m_home;
     QTemporaryDir m_vault;
-    Settings m_settings;
+    Settings& m_settings;
     std::unique_ptr<MainWindowController> m_controller;
     std::map<std::string, std::vector<Turns>> m_turns;
     std::vector<std::string> m_order;
@@ -165,10 +160,15 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
+    // The user's settings and kept texts are neither read nor written.
+    const QTemporaryDir home;
+    for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"}) {
+        qputenv(folder, home.path().toUtf8());
+    }
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 5;
-    TurnBench bench;
+    TurnBench bench(velmar::Settings::shared());
     bench.start();
     bench.round();
     bench.print("first time, ms");

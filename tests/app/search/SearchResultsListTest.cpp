@@ -22,8 +22,8 @@ protected:
         made.result->hits.clear();
         for (int i = 0; i < hits; ++i) {
             const QString& snippet = i % 5 == 0 ? kWide : kNarrow;
-            made.result->hits.push_back({diary::MonthDay{1, 1}.advanced(i % 300), 2026 - i / 300,
-                                         snippet, {}, {{0, 3}}});
+            made.result->hits.push_back(
+                {diary::MonthDay{1, 1}.advanced(i % 300), 2026 - i / 300, snippet, {}, {{0, 3}}});
         }
         return made;
     }

@@ -86,8 +86,8 @@ TEST_F(VaultFactsTest, FollowChangesFromOutsideOnceTheStoreHearsOfThem) {
 TEST_F(VaultFactsTest, LookOnceMoreForWhatIsWrittenDuringALook) {
     facts.begin({});
     store.save(QStringLiteral("# 03-08\n\n## 2026\n\nnew\n"), {3, 8});
-    EXPECT_TRUE(QTest::qWaitFor(
-        [this] { return facts.archive().overview.daysWithContent == 2; }, 10000));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return facts.archive().overview.daysWithContent == 2; }, 10000));
 }
 
 TEST_F(VaultFactsTest, TellNothingWhereNothingChanged) {
