@@ -90,6 +90,7 @@ public:
             std::vector<Turns>& all = m_turns[name];
             std::ranges::sort(all, {}, &Turns::longest);
             std::vector<double> sums;
+            sums.reserve(all.size());
             for (const Turns& each : all) sums.push_back(each.all);
             std::ranges::sort(sums);
             std::printf("%-26s %9.1f %9.1f %9.1f %6zu\n", name.c_str(), all[all.size() / 2].longest,
@@ -124,7 +125,9 @@ private:
     }
 
     [[nodiscard]] int lastHit() const {
-        return static_cast<int>(m_controller->search().session()->result->hits.size()) - 1;
+        const auto& session = m_controller->search().session();
+        if (!session || !session->result) return 0;
+        return static_cast<int>(session->result->hits.size()) - 1;
     }
 
     // One year that alone is as long as all fifty of another day, with a word of its own at its
