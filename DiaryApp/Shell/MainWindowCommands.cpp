@@ -196,8 +196,9 @@ void MainWindowController::showYearOverview() {
             m_session->open(day, Focus::Editor);
         };
     }
-    m_yearOverview->present(windowstates::yearOverview(*m_store), m_session->currentMonthDay(),
-                            m_window.get());
+    m_yearOverview->present(windowstates::yearOverview(m_vaultFacts->archive()),
+                            m_session->currentMonthDay(), m_window.get());
+    m_vaultFacts->lookAgain();
 }
 
 void MainWindowController::showInFinder() const {
