@@ -99,7 +99,9 @@ RtfToken RtfLexer::byte() {
     // Not a byte: what stands there is text.
     if (high < 0 || low < 0) return {.kind = RtfToken::Kind::Text};
     m_at += 2;
-    return {.kind = RtfToken::Kind::Byte, .character = static_cast<char>(high * 16 + low)};
+    const auto character = static_cast<char>(high * 16 + low);
+    if (isLeftOut(character)) return {.kind = RtfToken::Kind::Text};
+    return {.kind = RtfToken::Kind::Byte, .character = character};
 }
 
 RtfToken RtfLexer::text() {

@@ -298,9 +298,12 @@ void RtfReader::takeUnicode(int number) {
     group().isAtStart = false;
     // Most writers tell units as signed numbers of 16 bits; some tell whole code points.
     if (number < 0) number += 0x10000;
-    if (isRead() && number > 0 && number <= 0x10FFFF) {
+    if (isRead() && number >= 0x20 && number <= 0x10FFFF) {
         settleBytes();
-        m_builder.append(QChar::fromUcs4(static_cast<char32_t>(number)));
+        // Apple's programs write a line's end within a paragraph so.
+        const bool isLineEnd = number == QChar::LineSeparator || number == QChar::ParagraphSeparator;
+        const auto character = static_cast<char32_t>(number);
+        m_builder.append(isLineEnd ? QStringView(u"\n") : QStringView(QChar::fromUcs4(character)));
     }
     m_toSkip = group().unicodeSkip;
 }

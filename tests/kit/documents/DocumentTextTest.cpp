@@ -1,10 +1,11 @@
 #include "DiaryKit/Documents/DocumentText.h"
 
-#include <QtCore/QStandardPaths>
+#include <array>
 
 #include "DiaryKit/Documents/DocumentTool.h"
 #include "DiaryKit/Documents/DocumentToolError.h"
 #include "DiaryKit/Documents/LegacyWordText.h"
+#include "DiaryKit/Foundation/Background.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "tests/kit/documents/Documents.h"
 
@@ -201,6 +202,19 @@ TEST(DocumentTool, theUsersSettingsDoNotCount) {
     EXPECT_EQ(
         documents::output(shell(folder.root(), QStringLiteral("cd; pwd; echo $XDG_CONFIG_HOME"))),
         folder.root().toUtf8() + "\n\n");
+}
+
+TEST(DocumentTool, severalThreadsRunProgramsAtOnce) {
+    constexpr int kThreads = 6;
+    const testing::TemporaryPackage folder;
+    std::array<std::optional<QByteArray>, kThreads> read = {};
+    background::inParallel(kThreads, [&](int i) {
+        read.at(static_cast<std::size_t>(i)) =
+            documents::output(shell(folder.root(), QStringLiteral("echo %1").arg(i)));
+    });
+    for (int i = 0; i < kThreads; ++i) {
+        EXPECT_EQ(read.at(static_cast<std::size_t>(i)), QByteArray::number(i) + '\n');
+    }
 }
 
 TEST(DocumentTool, aProgramThatIsNotThereIsAFailure) {

@@ -50,6 +50,8 @@ const Row kUnicode[] = {
     {"aParagraphIsNoStandIn", rtf("\\u24180\\par x"), QStringLiteral("年\nx")},
     {"numbersAreSigned", rtf("\\u-10179?\\u-8704?"), QStringLiteral("😀")},
     {"wholeCodePointsAreTaken", rtf("\\u128512?"), QStringLiteral("😀")},
+    {"aLineSeparatorIsALineEnd", rtf("a\\uc0\\u8232 b\\u8233 c"), QStringLiteral("a\nb\nc")},
+    {"controlCharactersAreLeftOut", rtf("a\\u0?\\u7?\\'00\\'0d\\'09b"), QStringLiteral("a\tb")},
     {"halfACharacterIsNone", rtf("\\u-10179?a\\u-8704?"), QStringLiteral("\uFFFDa\uFFFD")},
     {"ofTwoFormsTheUnicodeOne", rtf("{\\upr{ascii \\b x}{\\*\\ud{unicode \\u24180?}}}!"),
      QStringLiteral("unicode 年!")},
