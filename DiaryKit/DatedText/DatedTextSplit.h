@@ -1,6 +1,6 @@
 // Cuts a text without structure into entries at its date lines, and tells how it was done, so that
-// the user can overrule it. DateLine says what a date line is; DatedTextSource makes texts of files.
-// All pure; any thread; linear in the text's length.
+// the user can overrule it. DateLine says what a date line is; DatedTextSource makes texts of
+// files. All pure; any thread; linear in the text's length.
 #pragma once
 
 #include <QtCore/QString>

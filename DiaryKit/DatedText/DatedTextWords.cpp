@@ -12,12 +12,12 @@ namespace {
 
 // In Chinese, Japanese and English, in lower case.
 constexpr std::array<QStringView, 41> kWeatherWords = {
-    u"晴",       u"晴天",     u"晴朗",   u"阴",   u"阴天",         u"多云",         u"雨",
-    u"小雨",     u"中雨",     u"大雨",   u"暴雨", u"阵雨",         u"雷阵雨",       u"雪",
-    u"小雪",     u"大雪",     u"雾",     u"霾",   u"风",           u"大风",         u"晴转多云",
-    u"多云转晴", u"阴转晴",   u"雨夹雪", u"晴れ", u"曇り",         u"くもり",       u"快晴",
-    u"晴れ時々曇り", u"曇り時々雨", u"sunny", u"clear", u"cloudy", u"overcast", u"rain",
-    u"rainy",    u"snow",     u"snowy",  u"foggy", u"windy",       u"fine"};
+    u"晴",           u"晴天",       u"晴朗",   u"阴",    u"阴天",   u"多云",     u"雨",
+    u"小雨",         u"中雨",       u"大雨",   u"暴雨",  u"阵雨",   u"雷阵雨",   u"雪",
+    u"小雪",         u"大雪",       u"雾",     u"霾",    u"风",     u"大风",     u"晴转多云",
+    u"多云转晴",     u"阴转晴",     u"雨夹雪", u"晴れ",  u"曇り",   u"くもり",   u"快晴",
+    u"晴れ時々曇り", u"曇り時々雨", u"sunny",  u"clear", u"cloudy", u"overcast", u"rain",
+    u"rainy",        u"snow",       u"snowy",  u"foggy", u"windy",  u"fine"};
 
 bool isWeather(QStringView word) {
     if (word.endsWith(u'℃') || word.endsWith(u'°')) return true;

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/kit/markdown/IcuPattern.h"
 #include "tests/kit/markdown/MarkedText.h"
 #include "tests/kit/markdown/RandomMarkdown.h"
+#include "tests/support/IcuPattern.h"
 
 namespace diary::markdowninline {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "DiaryKit/Markdown/MarkdownHighlighting.h"
 #include "DiaryKit/Markdown/MarkdownLine.h"
-#include "tests/kit/markdown/IcuPattern.h"
+#include "tests/support/IcuPattern.h"
 
 namespace diary::test {
 
