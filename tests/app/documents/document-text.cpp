@@ -4,19 +4,16 @@
 #include <QtCore/QCoreApplication>
 #include <cstdio>
 
-#include "DiaryApp/Documents/PdfPages.h"
-#include "DiaryKit/DatedText/DatedTextSource.h"
-#include "DiaryKit/Documents/DocumentText.h"
+#include "DiaryApp/Documents/DocumentReaders.h"
 #include "DiaryKit/Documents/DocumentToolError.h"
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     if (argc != 2) return 1;
-    const diary::DatedTextSource::DocumentReaders readers{
-        .pdfPages = diary::documents::pdfPages, .documentText = diary::documents::documentText};
     try {
-        const QByteArray text =
-            diary::DatedTextSource::text(QString::fromLocal8Bit(argv[1]), readers).toUtf8();
+        const QByteArray text = diary::DatedTextSource::text(QString::fromLocal8Bit(argv[1]),
+                                                             diary::documents::documentReaders())
+                                    .toUtf8();
         std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout);
     } catch (const diary::documents::DocumentToolError& error) {
         std::fprintf(stderr, "%s\n", error.what());
