@@ -54,7 +54,8 @@ std::optional<BinaryPropertyList::Content> BinaryPropertyList::content(Object ob
     if (object >= m_objects || object >= static_cast<quint64>(m_bytes.size())) return std::nullopt;
     if (!holds(m_offsets, 0)) return std::nullopt;
     const auto offset = number(m_offsets + object * m_offsetWidth, m_offsetWidth);
-    const auto marker = offset ? number(*offset, 1) : std::nullopt;
+    if (!offset) return std::nullopt;
+    const auto marker = number(*offset, 1);
     if (!marker) return std::nullopt;
     Content content{
         .kind = static_cast<quint8>(*marker >> 4), .count = *marker & 0xF, .start = *offset + 1};

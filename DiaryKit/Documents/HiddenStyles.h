@@ -21,7 +21,7 @@ public:
         for (int step = 0; step < kMaxSteps; ++step) {
             const auto found = m_styles.constFind(name);
             if (found == m_styles.constEnd()) return false;
-            if (found->hides) return *found->hides;
+            if (const std::optional<bool> hides = found->hides) return *hides;
             name = found->parent;
         }
         return false;

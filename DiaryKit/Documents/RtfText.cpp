@@ -301,7 +301,8 @@ void RtfReader::takeUnicode(int number) {
     if (isRead() && number >= 0x20 && number <= 0x10FFFF) {
         settleBytes();
         // Apple's programs write a line's end within a paragraph so.
-        const bool isLineEnd = number == QChar::LineSeparator || number == QChar::ParagraphSeparator;
+        const bool isLineEnd =
+            number == QChar::LineSeparator || number == QChar::ParagraphSeparator;
         const auto character = static_cast<char32_t>(number);
         m_builder.append(isLineEnd ? QStringView(u"\n") : QStringView(QChar::fromUcs4(character)));
     }

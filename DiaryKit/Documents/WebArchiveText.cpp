@@ -65,24 +65,27 @@ public:
 
     void characters(QStringView text) override { m_value += text; }
 
-    [[nodiscard]] const std::optional<Resource>& resource() const { return m_resource; }
+    [[nodiscard]] std::optional<Resource> resource() const {
+        return m_hasData ? std::optional(m_resource) : std::nullopt;
+    }
 
 private:
     void takeValue(QStringView kind) {
-        if (!m_resource && (kind == u"data" || kind == u"string")) m_resource.emplace();
         if (kind == u"data" && m_key == kData) {
-            m_resource->data = QByteArray::fromBase64(m_value.toLatin1());
+            m_resource.data = QByteArray::fromBase64(m_value.toLatin1());
+            m_hasData = true;
         } else if (kind == u"string" && m_key == kEncoding) {
-            m_resource->encoding = m_value;
+            m_resource.encoding = m_value;
         } else if (kind == u"string" && m_key == kType) {
-            m_resource->type = m_value;
+            m_resource.type = m_value;
         }
     }
 
     int m_depth = 0;
     QString m_key;
     QString m_value;
-    std::optional<Resource> m_resource;
+    Resource m_resource;
+    bool m_hasData = false;
 };
 
 std::optional<Resource> inXml(const QByteArray& bytes) {

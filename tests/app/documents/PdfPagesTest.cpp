@@ -19,16 +19,16 @@ QByteArray pdf(const std::vector<QList<QByteArray>>& pages) {
     std::vector<qsizetype> offsets;
     const auto add = [&](const QByteArray& object) {
         offsets.push_back(bytes.size());
-        bytes += QByteArray::number(static_cast<qulonglong>(offsets.size())) + " 0 obj\n" + object +
+        bytes += QByteArray::number(static_cast<int>(offsets.size())) + " 0 obj\n" + object +
                  "\nendobj\n";
     };
     QByteArray kids;
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        kids += QByteArray::number(static_cast<qulonglong>(4 + 2 * i)) + " 0 R ";
+        kids += QByteArray::number(static_cast<int>(4 + 2 * i)) + " 0 R ";
     }
     add("<</Type/Catalog/Pages 2 0 R>>");
     add("<</Type/Pages/Kids[" + kids + "]/Count " +
-        QByteArray::number(static_cast<qulonglong>(pages.size())) + ">>");
+        QByteArray::number(static_cast<int>(pages.size())) + ">>");
     add("<</Type/Font/Subtype/Type1/BaseFont/Helvetica/Encoding/WinAnsiEncoding>>");
     for (std::size_t i = 0; i < pages.size(); ++i) {
         QByteArray content = "BT /F 12 Tf 72 720 Td 14 TL\n";
@@ -36,12 +36,12 @@ QByteArray pdf(const std::vector<QList<QByteArray>>& pages) {
         content += "ET";
         add("<</Type/Page/Parent 2 0 R/MediaBox[0 0 612 792]/Resources<</Font<</F 3 0 R>>>>"
             "/Contents " +
-            QByteArray::number(static_cast<qulonglong>(5 + 2 * i)) + " 0 R>>");
+            QByteArray::number(static_cast<int>(5 + 2 * i)) + " 0 R>>");
         add("<</Length " + QByteArray::number(content.size()) + ">>\nstream\n" + content +
             "\nendstream");
     }
     const qsizetype table = bytes.size();
-    const QByteArray count = QByteArray::number(static_cast<qulonglong>(offsets.size() + 1));
+    const QByteArray count = QByteArray::number(static_cast<int>(offsets.size() + 1));
     bytes += "xref\n0 " + count + "\n0000000000 65535 f \n";
     for (const qsizetype offset : offsets) {
         bytes += QByteArray::number(offset).rightJustified(10, '0') + " 00000 n \n";

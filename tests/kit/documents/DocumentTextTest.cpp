@@ -169,7 +169,7 @@ documents::ToolRun shell(const QString& folder, const QString& script) {
             .arguments = {QStringLiteral("-c"), script},
             .folder = folder,
             .timeout = 20s,
-            .mostOutput = 1024 * 1024};
+            .mostOutput = qint64{1024} * 1024};
 }
 
 TEST(DocumentTool, aProgramThatTakesTooLongIsEndedWithWhatItStarted) {
@@ -193,7 +193,7 @@ TEST(DocumentTool, outputWithoutEndIsRefused) {
 TEST(DocumentTool, memoryIsBounded) {
     const testing::TemporaryPackage folder;
     documents::ToolRun run = shell(folder.root(), QStringLiteral("ulimit -v"));
-    run.mostMemory = 512 * 1024 * 1024;
+    run.mostMemory = quint64{512} * 1024 * 1024;
     EXPECT_EQ(documents::output(run), QByteArray("524288\n"));
 }
 
