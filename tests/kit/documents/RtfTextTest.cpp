@@ -32,7 +32,7 @@ const Row kText[] = {
      QStringLiteral("\u201Ca\u201D\u2014\u2022")},
     {"aWordEndsAtItsBlankOrNumber", rtf("\\b bold\\b0 plain\\fs24x"), QStringLiteral("boldplainx")},
     {"unknownWordsAreNothing", rtf("a\\whatisthis12 b"), QStringLiteral("ab")},
-    {"whatFollowsTheLastBraceIsNoText", rtf("a") + "b\0c", QStringLiteral("a")},
+    {"whatFollowsTheLastBraceIsNoText", rtf("a") + QByteArray("b\0c", 3), QStringLiteral("a")},
     {"aCutTextIsReadAsFarAsItGoes", "{\\rtf1 a{\\b b\\'e", QStringLiteral("ab")},
     {"closingBracesWithoutAnOpeningOne", "{\\rtf1 a}}}}b", QStringLiteral("a")},
     {"aBadByteIsTheTextItIs", rtf("\\'zz\\'\\'41"), QStringLiteral("zzA")},
