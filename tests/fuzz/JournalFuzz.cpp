@@ -114,7 +114,8 @@ void checkMerged(const ImportRecord& record, const ImportRecord& merged,
     qsizetype entries = 0;
     for (const File& file : merged.files) {
         check(words.at(file.day) == file, "a day's last line counts");
-        for (const auto& added : file.added) entries += added.entryKeys ? added.entryKeys->size() : 0;
+        for (const auto& added : file.added)
+            entries += added.entryKeys ? added.entryKeys->size() : 0;
     }
     check(merged.entries == static_cast<int>(entries), "the entries are counted");
     check(ImportRecord::decode(merged.encoded()) == merged, "what is merged can be kept");
