@@ -51,6 +51,10 @@ inline QStringList undoing() {
     return {QStringLiteral("undo")};
 }
 
+inline QStringList keeping() {
+    return {QStringLiteral("keep")};
+}
+
 // Of three days one has text in the imported year, one in another, and one has no file. The bytes
 // are such as only a restored copy can bring back. The last day has no file, so that in an undo no
 // later write makes its removal last.
@@ -175,9 +179,14 @@ inline void keepAll(const TemporaryVault& vault) {
     }
 }
 
-// The way out "undo", of all imports, the newest first: the old bytes are back.
-inline void undoAll(const TemporaryVault& vault, const DayFiles& old) {
-    for (const ImportRecord& record : ImportLog::records(vault.path(), moment())) {
+enum class Order { NewestFirst, OldestFirst };
+
+// The way out "undo", of all imports: the old bytes are back.
+inline void undoAll(const TemporaryVault& vault, const DayFiles& old,
+                    Order order = Order::NewestFirst) {
+    std::vector<ImportRecord> all = ImportLog::records(vault.path(), moment());
+    if (order == Order::OldestFirst) std::reverse(all.begin(), all.end());
+    for (const ImportRecord& record : all) {
         EXPECT_EQ(ImportLog::undo(record, vault.path(), moment(60)).notFound, 0);
         EXPECT_FALSE(vault.exists(importsPath(record, QStringLiteral("/journal.jsonl"))));
     }
@@ -195,6 +204,13 @@ inline void keepAndImportAgain(const TemporaryVault& vault, const Expected& expe
     undoAll(vault, expected.old);
 }
 
+// Imports again without a way out taken: everything is there, and once. Both can be undone.
+inline void importAgainUndecided(const TemporaryVault& vault, const Expected& expected) {
+    importDays(vault, expected.days, 60);
+    EXPECT_EQ(dayFilesOf(vault), expected.imported);
+    undoAll(vault, expected.old, Order::OldestFirst);
+}
+
 inline QStringList temporariesIn(const TemporaryVault& vault) {
     QDirIterator files(vault.path(), {QStringLiteral("*.tmp")}, QDir::Files | QDir::Hidden,
                        QDirIterator::Subdirectories);
@@ -210,13 +226,16 @@ inline void expectNoTemporaries(const TemporaryVault& vault) {
     EXPECT_EQ(temporariesIn(vault), QStringList());
 }
 
-// Looks at what the end of an import left, and takes both ways out.
+// Looks at what the end of an import left, and takes both ways out, and neither.
 inline void examineBothWaysOut(const TemporaryVault& vault, const Expected& expected) {
     examine(vault, expected);
     expectNoTemporaries(vault);
-    const TemporaryVault copy;
-    copyVault(vault, copy);
-    keepAndImportAgain(copy, expected);
+    const TemporaryVault kept;
+    copyVault(vault, kept);
+    keepAndImportAgain(kept, expected);
+    const TemporaryVault undecided;
+    copyVault(vault, undecided);
+    importAgainUndecided(undecided, expected);
     undoAll(vault, expected.old);
 }
 

@@ -24,7 +24,8 @@ protected:
     }
 
     static ImportRecord record(std::vector<ImportRecord::File> files, State state = State::done) {
-        return {.id = QStringLiteral("r"), .state = state, .at = moment(), .files = std::move(files)};
+        return {
+            .id = QStringLiteral("r"), .state = state, .at = moment(), .files = std::move(files)};
     }
 
     // Keeps the record, with the bytes as its journal, as a sync service would bring it.
@@ -32,7 +33,8 @@ protected:
         const QByteArray bytes = record.encoded();
         EXPECT_LT(bytes.size() + journal.size(), kMebibyte);
         m_vault.write(QStringLiteral(".velmar/imports/r.json"), bytes);
-        if (!journal.isEmpty()) m_vault.write(importsPath(record, QStringLiteral("/journal.jsonl")), journal);
+        if (!journal.isEmpty())
+            m_vault.write(importsPath(record, QStringLiteral("/journal.jsonl")), journal);
     }
 
     ImportLog::UndoResult undo() const {
@@ -59,7 +61,9 @@ TEST_F(HostileRecord, MayHaveAJournalOfShortLines) {
     QByteArray journal(300'000, '\n');
     journal += QByteArray("{}\n").repeated(100'000);
     for (int i = 0; i < 8'000; ++i) {
-        journal += R"({"day":")" + QByteArray::number(i) + R"(","existed":true,"added":[]})" "\n";
+        journal += R"({"day":")" + QByteArray::number(i) +
+                   R"(","existed":true,"added":[]})"
+                   "\n";
     }
     bring(record({}, State::writing), journal);
     EXPECT_EQ(onlyRecord(m_vault.path()).days, 8'000);
@@ -70,7 +74,8 @@ TEST_F(HostileRecord, MayHaveAJournalOfShortLines) {
 QByteArray longDay(int years) {
     QByteArray text = "# 01-02\n";
     for (int year = 1; year <= years; ++year) {
-        text += "\n## " + QByteArray::number(year).rightJustified(4, '0') + "\n\nmine\n\n---\n\ntea\n";
+        text +=
+            "\n## " + QByteArray::number(year).rightJustified(4, '0') + "\n\nmine\n\n---\n\ntea\n";
     }
     return text;
 }

@@ -28,6 +28,36 @@ TEST_P(ImportFaults, OfApplyLeaveWholeDaysAndBothWaysOut) {
     }
 }
 
+TEST_P(ImportFaults, OfKeepingLeaveTheSameDaysAndBothWaysOut) {
+    const Expected expected(3);
+    const auto cutOffInTheMiddle = [&](const TemporaryVault& vault) {
+        prepare(vault, expected.days);
+        cutOff(vault, applying(expected.days), suddenEnds().front(), QStringLiteral("24"));
+        EXPECT_EQ(onlyRecord(vault.path()).state, State::writing);
+        EXPECT_GE(onlyRecord(vault.path()).days, 1);
+    };
+    const TemporaryVault counting;
+    cutOffInTheMiddle(counting);
+    const int calls = countedCalls(counting, keeping());
+    ASSERT_GE(calls, 5);
+    for (int call = 1; call <= calls && !HasFailure(); ++call) {
+        SCOPED_TRACE("at call " + std::to_string(call));
+        const TemporaryVault vault;
+        cutOffInTheMiddle(vault);
+        const DayFiles days = dayFilesOf(vault);
+        const ImportRecord record = onlyRecord(vault.path());
+        cutOff(vault, keeping(), GetParam(), QString::number(call));
+        EXPECT_EQ(dayFilesOf(vault), days);
+        EXPECT_EQ(onlyRecord(vault.path()).files, record.files);
+        EXPECT_NE(onlyRecord(vault.path()).state, State::undone);
+        expectNoTemporaries(vault);
+        const TemporaryVault copy;
+        copyVault(vault, copy);
+        keepAndImportAgain(copy, expected);
+        undoAll(vault, expected.old);
+    }
+}
+
 // An import that the user went on writing in, in two of its days.
 class EditedImport {
 public:

@@ -241,7 +241,8 @@ TEST_P(RefusedLong, ApplyStopsAsACrashDoes) {
     const Expected expected(kLong);
     const TemporaryVault counting;
     prepare(counting, kLong);
-    for (const int call : chosenCalls(countedCalls(counting, applying(kLong)), kVisited, runName())) {
+    for (const int call :
+         chosenCalls(countedCalls(counting, applying(kLong)), kVisited, runName())) {
         SCOPED_TRACE("at call " + std::to_string(call));
         const TemporaryVault vault;
         prepare(vault, kLong);
