@@ -38,6 +38,10 @@ inline std::vector<Mode> suddenEnds() {
     return all;
 }
 
+inline void PrintTo(const Mode& mode, std::ostream* out) {
+    *out << mode.name;
+}
+
 inline std::string modeName(const testing::TestParamInfo<Mode>& one) {
     return one.param.name;
 }
