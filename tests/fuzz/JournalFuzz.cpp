@@ -2,7 +2,7 @@
 // what the journal's good lines tell, and an undo takes only what they say was added.
 //
 // The input's pieces between its NULs: the record, the journal, then the text and the kept old text
-// of two days; a day without a piece has no file.
+// of two days, and the journal of an earlier undo; a day without a piece has no file.
 #include <QtCore/QDir>
 #include <QtCore/QSet>
 
@@ -32,6 +32,7 @@ public:
     [[nodiscard]] QByteArray journal() const { return piece(1).value_or(QString()).toUtf8(); }
     [[nodiscard]] std::optional<QString> now(qsizetype day) const { return piece(2 + 2 * day); }
     [[nodiscard]] std::optional<QString> kept(qsizetype day) const { return piece(3 + 2 * day); }
+    [[nodiscard]] QByteArray undoJournal() const { return piece(6).value_or(QString()).toUtf8(); }
 
 private:
     [[nodiscard]] std::optional<QString> piece(qsizetype index) const {
@@ -41,6 +42,27 @@ private:
     QList<QString> m_pieces;
 };
 
+// No input ever spells a digest. One that is to fit says so: "now" is the day's text as it is,
+// "kept" its kept one.
+void fillInDigests(File& file, const Input& input) {
+    const qsizetype day = kDays.indexOf(file.day + QLatin1String(".md"));
+    if (day < 0) return;
+    for (std::optional<QString>* digest : {&file.after, &file.before}) {
+        if (*digest == u"now") *digest = ImportLog::hash(input.now(day).value_or(QString()));
+        if (*digest == u"kept") *digest = ImportLog::hash(input.kept(day).value_or(QString()));
+    }
+}
+
+QByteArray withDigests(const QByteArray& journal, const Input& input) {
+    QByteArray filled;
+    for (const QByteArray& line : journal.split('\n')) {
+        std::optional<File> file = File::decode(line);
+        if (file) fillInDigests(*file, input);
+        filled += (file ? file->encoded() : line) + '\n';
+    }
+    return filled;
+}
+
 // A vault of its own for each round.
 class Vault {
 public:
@@ -49,6 +71,7 @@ public:
         QDir().mkpath(ImportLog::beforeFolder(folder, id()));
         put(ImportLog::recordPath(folder, id()), input.record());
         put(ImportLog::journalPath(folder, id()), input.journal());
+        put(ImportLog::undoJournalPath(folder, id()), withDigests(input.undoJournal(), input));
         put(path(kOther), "words of mine\n");
         for (qsizetype day = 0; day < kDays.size(); ++day) {
             if (const auto text = input.now(day)) put(path(kDays[day]), text->toUtf8());
@@ -119,19 +142,6 @@ void checkMerged(const ImportRecord& record, const ImportRecord& merged,
     }
     check(merged.entries == static_cast<int>(entries), "the entries are counted");
     check(ImportRecord::decode(merged.encoded()) == merged, "what is merged can be kept");
-}
-
-// No input ever spells a digest. One that is to fit says so: "now" is the day's text as it is,
-// "kept" its kept one.
-void fillInDigests(ImportRecord& record, const Input& input) {
-    for (File& file : record.files) {
-        const qsizetype day = kDays.indexOf(file.day + QLatin1String(".md"));
-        if (day < 0) continue;
-        for (std::optional<QString>* digest : {&file.after, &file.before}) {
-            if (*digest == u"now") *digest = ImportLog::hash(input.now(day).value_or(QString()));
-            if (*digest == u"kept") *digest = ImportLog::hash(input.kept(day).value_or(QString()));
-        }
-    }
 }
 
 // What the record tells of a day.
@@ -215,7 +225,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const ImportRecord record = cutOffRecord(input.record());
     ImportRecord merged = ImportLog::mergingJournal(record, ImportLog::directory(vault.path()));
     checkMerged(record, merged, input.journal());
-    fillInDigests(merged, input);
+    for (File& file : merged.files) fillInDigests(file, input);
     undo(merged, vault, input);
     return 0;
 }
