@@ -160,6 +160,8 @@ TEST_F(UndoTest, ASecondTryLeavesAloneWhatTheFirstHasCut) {
     m_vault.write(kDay, mine + "\nimported\n");
     const QByteArray imported = m_vault.read(next);
     m_vault.write(next, "\xFF");
+    const QString journal = importsPath(record, QStringLiteral("/undo.jsonl"));
+    m_vault.write(journal, "{\"day\":\"01-");
     for (int attempt = 0; attempt < 3; ++attempt) {
         EXPECT_EQ(failure(record), std::pair(FileOperation::Decode, EILSEQ));
         EXPECT_EQ(m_vault.read(kDay), mine);
@@ -168,7 +170,7 @@ TEST_F(UndoTest, ASecondTryLeavesAloneWhatTheFirstHasCut) {
     m_vault.write(next, imported);
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
     EXPECT_EQ(m_vault.read(kDay), mine);
-    EXPECT_FALSE(m_vault.exists(importsPath(record, QStringLiteral("/undo.jsonl"))));
+    EXPECT_FALSE(m_vault.exists(journal));
 }
 
 // The first try told what it would cut, and may have died ahead of it or behind it.
