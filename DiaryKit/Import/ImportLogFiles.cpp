@@ -4,9 +4,12 @@
 #include <unistd.h>
 
 #include <QtCore/QFile>
+#include <cerrno>
 #include <memory>
 
 #include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Files/FileCoordinator.h"
+#include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Import/ImportLog.h"
 
 namespace diary::ImportLog {
@@ -55,6 +58,18 @@ std::optional<ImportRecord> readRecord(const QString& folder, const QString& nam
     if (!record || !staysInFolder(record->id)) return std::nullopt;
     if (record->state != ImportRecord::State::writing) return record;
     return mergingJournal(std::move(*record), folder);
+}
+
+ImportRecord currentRecord(const ImportRecord& record, const QString& folder) {
+    std::optional<ImportRecord> current = readRecord(folder, record.id + kEnding);
+    return current && current->id == record.id ? std::move(*current) : record;
+}
+
+void withImport(const QString& folder, const QString& id, const std::function<void()>& accessor) {
+    const QString path = folder + u'/' + id;
+    if (!FileCoordinator(path).tryCoordinateWriting(accessor)) {
+        throw FileError(FileOperation::Coordinate, path, EBUSY);
+    }
 }
 
 void saveRecord(const ImportRecord& record, const QString& folder) {
