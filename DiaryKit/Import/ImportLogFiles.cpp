@@ -52,9 +52,9 @@ QStringList recordNames(const QString& folder) {
 }
 
 std::optional<ImportRecord> readRecord(const QString& folder, const QString& name) {
-    const std::optional<QByteArray> bytes = atomicfile::tryRead(folder + u'/' + name);
+    std::optional<QByteArray> bytes = atomicfile::tryRead(folder + u'/' + name);
     if (!bytes) return std::nullopt;
-    std::optional<ImportRecord> record = ImportRecord::decode(*bytes);
+    std::optional<ImportRecord> record = ImportRecord::decode(std::move(*bytes));
     if (!record || !staysInFolder(record->id)) return std::nullopt;
     if (record->state != ImportRecord::State::writing) return record;
     return mergingJournal(std::move(*record), folder);

@@ -105,7 +105,7 @@ class FirstStartTest : public test::ShellFixture {};
 
 TEST_F(FirstStartTest, RemovesWhatADeadProcessLeftInTheVaultAndInItsImports) {
     diary::ProcessIdentity dead = diary::ProcessIdentity::current();
-    dead.boot = QStringLiteral("earlier");
+    dead.boot = QStringLiteral("00000000");
     const QString imports = QStringLiteral(".velmar/imports/");
     const QString left[] = {
         diary::temporaryName(QStringLiteral("03-07.md"), dead),
