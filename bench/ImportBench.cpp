@@ -312,7 +312,7 @@ int measureMemory(const QString& archive, const QString& vault) {
     const auto tell = [&](const char* step) {
         std::printf("%s %lld\n", step, static_cast<long long>(memory("VmHWM:") - start));
     };
-    const ImportBatch batch = readExport(archive);
+    ImportBatch batch = readExport(archive);
     tell("read");
     ImportPlan plan = planned(batch, vault, {});
     tell("plan");
@@ -320,11 +320,15 @@ int measureMemory(const QString& archive, const QString& vault) {
     others.weather = true;
     plan = planned(batch, vault, others);
     tell("plan-with-other-options");
-    const ImportRecord record = applied(plan, batch, vault);
+    applied(plan, batch, vault);
     tell("apply");
+    // From here on each step holds what the application holds there: the wizard a batch and its
+    // last plan, the window of records the records.
     plan = planned(batch, vault, others);
     tell("plan-what-is-imported-already");
-    ImportLog::undo(record, vault, now());
+    plan = {};
+    batch = {};
+    ImportLog::undo(ImportLog::records(vault, now()).at(0), vault, now());
     tell("undo");
     return 0;
 }

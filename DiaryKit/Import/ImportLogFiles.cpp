@@ -24,6 +24,13 @@ bool staysInFolder(const QString& id) {
     return !id.isEmpty() && !isStep && !id.contains(u'/') && !id.contains(QChar(0));
 }
 
+// Whether the file is surely a record in the state "done", without the memory for all its texts. A
+// line end stands in no text as it is, so the line can only be the record's own.
+bool isWrittenAsDone(const QString& path) {
+    const std::optional<QByteArray> bytes = atomicfile::tryRead(path);
+    return bytes && bytes->contains("\n    \"state\": \"done\",\n");
+}
+
 }  // namespace
 
 QString recordPath(const QString& folder, const QString& id) {
@@ -61,7 +68,11 @@ std::optional<ImportRecord> readRecord(const QString& folder, const QString& nam
 }
 
 ImportRecord currentRecord(const ImportRecord& record, const QString& folder) {
-    std::optional<ImportRecord> current = readRecord(folder, record.id + kEnding);
+    const QString name = record.id + kEnding;
+    if (record.state == ImportRecord::State::done && isWrittenAsDone(folder + u'/' + name)) {
+        return record;
+    }
+    std::optional<ImportRecord> current = readRecord(folder, name);
     return current && current->id == record.id ? std::move(*current) : record;
 }
 

@@ -23,7 +23,8 @@ namespace diary::ImportLog {
 // can't be read, or names its files by an identifier that leads out of the folder.
 [[nodiscard]] std::optional<ImportRecord> readRecord(const QString& folder, const QString& name);
 
-// The record as it stands on the disk; the given one if that can't be read.
+// The record as it stands on the disk; the given one if that can't be read, or is finished on the
+// disk too, since nothing more is written to one that is.
 [[nodiscard]] ImportRecord currentRecord(const ImportRecord& record, const QString& folder);
 
 // Runs `accessor` while no other thread or process of this user writes, keeps or undoes the import,

@@ -343,13 +343,18 @@ TEST_P(DayOneStory, CutOffAnywhereItLeadsBackAndOn) {
                 importInto(vault.path(), m_batch, 60);
                 EXPECT_EQ(filesOf(vault), imported);
             } else {
-                if (record) ImportLog::undo(*record, vault.path(), moment(60));
+                // At the last calls the import is whole already, and its record says so.
+                for (const ImportRecord& one : ImportLog::records(vault.path(), moment(9))) {
+                    EXPECT_TRUE(one.state == State::done || one == record);
+                    ImportLog::undo(one, vault.path(), moment(60));
+                }
                 EXPECT_EQ(filesOf(vault), before);
             }
             EXPECT_EQ(offered(vault), std::nullopt);
         }
     }
-    EXPECT_GE(offers, kPoints);
+    // The first calls come ahead of any record, and the last behind a whole one.
+    EXPECT_GE(offers, kPoints / 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Exports, DayOneStory, ::testing::ValuesIn(exports()),
