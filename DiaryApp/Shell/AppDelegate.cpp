@@ -23,6 +23,7 @@
 #include "DiaryApp/Shell/UnixSignals.h"
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/Background.h"
+#include "DiaryKit/Import/ImportLog.h"
 
 namespace velmar {
 
@@ -241,6 +242,7 @@ void AppDelegate::removeAbandonedTemporaries() const {
     diary::background::start(diary::background::Urgency::Utility,
                              [root = m_main->session().store().rootURL()] {
                                  diary::atomicfile::removeAbandonedTemporaries(root);
+                                 diary::ImportLog::removeAbandonedTemporaries(root);
                              });
 }
 

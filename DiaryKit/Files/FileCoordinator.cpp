@@ -110,23 +110,41 @@ Descriptor openedLockFile(const QString& lockPath) {
     return file;
 }
 
-// The lock file, locked. One that somebody removed while we waited for it excludes nobody who
-// comes later, so then it all begins anew.
+// A lock file that was removed while we waited for it excludes nobody who comes later.
+bool isRemoved(const Descriptor& file, const QString& lockPath) {
+    struct stat status {};
+    if (::fstat(file.number(), &status) != 0) fail(lockPath);
+    return status.st_nlink == 0;
+}
+
+// The lock file, locked.
 Descriptor lockedFile(const QString& lockPath, Access access) {
     if (access == Access::Shared) waitingWriters().giveWay();
     for (;;) {
         Descriptor file = openedLockFile(lockPath);
         if (lock(file.number(), access) != 0) fail(lockPath);
-        struct stat status {};
-        if (::fstat(file.number(), &status) != 0) fail(lockPath);
-        if (status.st_nlink > 0) return file;
+        if (!isRemoved(file, lockPath)) return file;
+    }
+}
+
+// The lock file, locked for a writer; not open if somebody else has it.
+Descriptor freeFile(const QString& lockPath) {
+    for (;;) {
+        Descriptor file = openedLockFile(lockPath);
+        if (uninterrupted([&] { return ::flock(file.number(), LOCK_EX | LOCK_NB); }) != 0) {
+            if (errno != EWOULDBLOCK) fail(lockPath);
+            return {};
+        }
+        if (!isRemoved(file, lockPath)) return file;
     }
 }
 
 // Stands for an outermost access: the thread holds the vault as long as it lives.
 class Hold {
 public:
-    Hold(const QString& lockPath, Access access) : m_file(lockedFile(lockPath, access)) {
+    Hold(const QString& lockPath, Access access)
+        : Hold(lockPath, access, lockedFile(lockPath, access)) {}
+    Hold(const QString& lockPath, Access access, Descriptor locked) : m_file(std::move(locked)) {
         t_held.push_back({lockPath, m_file.number(), access});
     }
     Hold(const Hold&) = delete;
@@ -163,8 +181,12 @@ private:
     std::size_t m_place;
 };
 
+std::vector<Held>::iterator heldHere(const QString& lockPath) {
+    return std::ranges::find(t_held, lockPath, &Held::lockPath);
+}
+
 void coordinate(const QString& lockPath, Access access, const std::function<void()>& accessor) {
-    const auto held = std::ranges::find(t_held, lockPath, &Held::lockPath);
+    const auto held = heldHere(lockPath);
     if (held == t_held.end()) {
         const Hold hold(lockPath, access);
         accessor();
@@ -193,6 +215,15 @@ void FileCoordinator::coordinateReading(const std::function<void()>& accessor) c
 
 void FileCoordinator::coordinateWriting(const std::function<void()>& accessor) const {
     coordinate(m_lockPath, Access::Exclusive, accessor);
+}
+
+bool FileCoordinator::tryCoordinateWriting(const std::function<void()>& accessor) const {
+    if (heldHere(m_lockPath) != t_held.end()) return false;
+    Descriptor file = freeFile(m_lockPath);
+    if (!file.isOpen()) return false;
+    const Hold hold(m_lockPath, Access::Exclusive, std::move(file));
+    accessor();
+    return true;
 }
 
 }  // namespace diary

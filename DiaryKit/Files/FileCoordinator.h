@@ -1,6 +1,7 @@
-// Exclusion on the files of one vault, between the threads of this process and between the
-// processes of this user. Locks are advisory (flock) on a file in the user's runtime folder, named
-// by the vault's real path, so nothing is ever left in the vault and a crash frees them.
+// Exclusion on the files of one vault, or of any other folder, between the threads of this process
+// and between the processes of this user. Locks are advisory (flock) on a file in the user's
+// runtime folder, named by the vault's real path, so nothing is ever left in the vault and a crash
+// frees them.
 //
 // The lock covers the whole vault: readers share, a writer is alone. An accessor may coordinate
 // another file, or the same one, of the vault; within a write that costs nothing. A write nested in
@@ -25,6 +26,10 @@ public:
 
     // The same while readers and writers are held off.
     void coordinateWriting(const std::function<void()>& accessor) const;
+
+    // The same if nobody holds the files at this moment, this thread included; otherwise nothing is
+    // run. Never waits. Whether it ran.
+    [[nodiscard]] bool tryCoordinateWriting(const std::function<void()>& accessor) const;
 
 private:
     QString m_lockPath;

@@ -13,7 +13,16 @@ public:
     void add(QStringView text) {
         separate();
         m_json += '"';
-        for (const char byte : text.toUtf8()) addByte(byte);
+        const QByteArray utf8 = text.toUtf8();
+        // Most texts are a few long runs between line ends.
+        qsizetype start = 0;
+        for (qsizetype at = 0; at < utf8.size(); ++at) {
+            if (!isEscaped(utf8[at])) continue;
+            m_json.append(utf8.constData() + start, at - start);
+            addEscaped(utf8[at]);
+            start = at + 1;
+        }
+        m_json.append(utf8.constData() + start, utf8.size() - start);
         m_json += '"';
     }
 
@@ -30,7 +39,12 @@ private:
         if (!m_json.isEmpty()) m_json += ',';
     }
 
-    void addByte(char byte) {
+    static bool isEscaped(char byte) {
+        return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\' ||
+               byte == '/';
+    }
+
+    void addEscaped(char byte) {
         switch (byte) {
             case '"':
                 m_json += "\\\"";
@@ -60,10 +74,6 @@ private:
                 break;
         }
         const auto code = static_cast<unsigned char>(byte);
-        if (code >= 0x20) {
-            m_json += byte;
-            return;
-        }
         constexpr const char* kDigits = "0123456789abcdef";
         m_json += "\\u00";
         m_json += kDigits[code >> 4];

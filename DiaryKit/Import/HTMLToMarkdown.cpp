@@ -1,175 +1,14 @@
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 
 #include <QtCore/QStringBuilder>
-#include <limits>
 
 #include "DiaryKit/Foundation/TextSets.h"
+#include "DiaryKit/Import/HTMLToMarkdownParts.h"
 #include "DiaryKit/Import/HTMLToMarkdownTrimming.h"
 
 namespace diary::HTMLToMarkdown {
 
 namespace {
-
-using Into = HTMLNode::Into;
-
-const QLatin1String kTodoDone("[x] ");
-const QLatin1String kTodoOpen("[ ] ");
-
-// How many constructs are around the one being written. Only they cost a step of the program's own
-// stack; plain tags are walked through.
-struct Nesting {
-    int depth = 0;
-
-    [[nodiscard]] bool isExhausted() const { return depth >= kMaxNesting; }
-    [[nodiscard]] Nesting deeper() const { return {depth + 1}; }
-};
-
-void appendInline(const HTMLNode& node, Nesting nesting, QString& out);
-QString inlineOfChildren(const HTMLNode& node, Nesting nesting);
-QStringList blocksBelow(const HTMLNode& top, Nesting nesting);
-void appendListLines(const HTMLNode& list, const QString& indent, Nesting nesting,
-                     QStringList& lines);
-
-QString onOneLine(QString text) {
-    text.replace(u'\n', u' ');
-    return text::trimmedOfBlanks(text).toString();
-}
-
-QString lineOfChildren(const HTMLNode& node, Nesting nesting) {
-    return onOneLine(inlineOfChildren(node, nesting));
-}
-
-// Runs of tabs, line ends and blanks become one blank.
-void appendCollapsed(QStringView text, QString& out) {
-    bool isBehindBlank = false;
-    for (const QChar unit : text) {
-        const bool isBlank = unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r';
-        if (isBlank && !isBehindBlank) out += u' ';
-        if (!isBlank) out += unit;
-        isBehindBlank = isBlank;
-    }
-}
-
-bool isCheckbox(const HTMLNode& node) {
-    return node.role() == HTMLRole::Input && node.attribute(u"type") == u"checkbox";
-}
-
-QLatin1String todo(bool isDone) {
-    return isDone ? kTodoDone : kTodoOpen;
-}
-
-// Blanks at the ends stay outside of the marks, so that these close tightly on the text.
-void appendWrapped(const HTMLNode& node, QLatin1String mark, Nesting nesting, QString& out) {
-    const QString content = inlineOfChildren(node, nesting.deeper());
-    if (text::trimmedOfBlanks(content).isEmpty()) {
-        out += content;
-        return;
-    }
-    qsizetype start = 0;
-    qsizetype end = content.size();
-    while (start < end && content[start] == u' ') ++start;
-    while (end > start && content[end - 1] == u' ') --end;
-    const QStringView whole(content);
-    out += whole.first(start) % mark % whole.sliced(start, end - start) % mark % whole.sliced(end);
-}
-
-void appendLink(const HTMLNode& node, Nesting nesting, QString& out) {
-    const QString content = inlineOfChildren(node, nesting.deeper());
-    const QStringView text = text::trimmedOfBlanks(content);
-    const QStringView target = node.attribute(u"href").value_or(QStringView());
-    const bool leadsNowhere = target.isEmpty() || target.startsWith(u'#') ||
-                              target.startsWith(u"javascript:", Qt::CaseInsensitive);
-    if (leadsNowhere || text == target) {
-        out += text;
-    } else if (text.isEmpty()) {
-        out += target;
-    } else {
-        out += u'[' % text % QLatin1String("](") % target % u')';
-    }
-}
-
-void appendBlockInline(const HTMLNode& node, Nesting nesting, QString& out) {
-    out += u'\n' % blocksBelow(node, nesting.deeper()).join(u'\n') % u'\n';
-}
-
-// Writes the node and answers whether its children are still to be written: those of a tag that
-// means nothing here, and of one that lies too deep.
-bool appendOpening(const HTMLNode& node, Nesting nesting, QString& out) {
-    switch (node.role()) {
-        case HTMLRole::Text:
-            appendCollapsed(node.text(), out);
-            return false;
-        case HTMLRole::LineBreak:
-            out += u'\n';
-            return false;
-        case HTMLRole::Media:
-            return false;
-        case HTMLRole::Input:
-            if (isCheckbox(node)) out += todo(node.hasAttribute(u"checked"));
-            return false;
-        case HTMLRole::Todo:
-            out += todo(node.attribute(u"checked") == u"true");
-            return false;
-        case HTMLRole::Plain:
-            return true;
-        default:
-            break;
-    }
-    if (nesting.isExhausted()) {
-        if (node.isBlock()) out += u'\n';
-        return true;
-    }
-    switch (node.role()) {
-        case HTMLRole::Bold:
-            appendWrapped(node, QLatin1String("**"), nesting, out);
-            break;
-        case HTMLRole::Italic:
-            appendWrapped(node, QLatin1String("*"), nesting, out);
-            break;
-        case HTMLRole::Strikethrough:
-            appendWrapped(node, QLatin1String("~~"), nesting, out);
-            break;
-        case HTMLRole::Code:
-            appendWrapped(node, QLatin1String("`"), nesting, out);
-            break;
-        case HTMLRole::Link:
-            appendLink(node, nesting, out);
-            break;
-        default:
-            appendBlockInline(node, nesting, out);
-            break;
-    }
-    return false;
-}
-
-// Walks all that `appendOpening` leaves open, from `node` on, and not beyond `top`. Blocks that lie
-// too deep end their line as they began it.
-void appendOpened(const HTMLNode& top, Nesting nesting, QString& out) {
-    const HTMLNode* node = top.firstChild();
-    while (node) {
-        if (appendOpening(*node, nesting, out) && node->firstChild()) {
-            node = node->firstChild();
-            continue;
-        }
-        while (!node->nextSibling() && node->parent() != &top) {
-            node = node->parent();
-            if (node->isBlock()) out += u'\n';
-        }
-        node = node->nextSibling();
-    }
-}
-
-QString inlineOfChildren(const HTMLNode& node, Nesting nesting) {
-    QString content;
-    appendOpened(node, nesting, content);
-    return content;
-}
-
-void appendInline(const HTMLNode& node, Nesting nesting, QString& out) {
-    if (!appendOpening(node, nesting, out)) return;
-    appendOpened(node, nesting, out);
-    if (node.isBlock()) out += u'\n';
-}
 
 // Gathers what stands between two blocks, and makes a block of it.
 struct Paragraph {
@@ -191,95 +30,9 @@ struct Paragraph {
     }
 };
 
-// The to-do state that a list item's own attributes tell.
-std::optional<bool> todoStateOf(const HTMLNode& item) {
-    const auto checked = item.attribute(u"data-checked");
-    if (item.hasClass(u"checked") || checked == u"true") return true;
-    if (item.hasClass(u"unchecked") || checked == u"false") return false;
-    return std::nullopt;
-}
-
-class ListItem {
-public:
-    ListItem(const HTMLNode& item, const QString& marker, const QString& indent, Nesting nesting)
-        : m_marker(marker), m_indent(indent), m_nesting(nesting), m_isDone(todoStateOf(item)) {
-        const bool isTooWide = indent.size() + marker.size() > kMaxIndent;
-        m_nestedIndent = isTooWide ? indent : indent + QString(marker.size(), u' ');
-        for (const HTMLNode* child = item.firstChild(); child; child = child->nextSibling()) {
-            add(*child);
-        }
-    }
-
-    void appendTo(QStringList& lines) const {
-        const QLatin1String state = m_isDone ? todo(*m_isDone) : QLatin1String();
-        lines << m_indent % m_marker % state % onOneLine(m_text);
-        lines += m_nested;
-    }
-
-private:
-    void add(const HTMLNode& child) {
-        const bool isList =
-            child.role() == HTMLRole::UnorderedList || child.role() == HTMLRole::OrderedList;
-        if (isList && !m_nesting.isExhausted()) {
-            appendListLines(child, m_nestedIndent, m_nesting, m_nested);
-        } else if (isCheckbox(child)) {
-            m_isDone = child.hasAttribute(u"checked");
-        } else if (child.isBlock()) {
-            addBlock(child);
-        } else {
-            appendInline(child, m_nesting, m_text);
-        }
-    }
-
-    void addBlock(const HTMLNode& child) {
-        if (!m_text.isEmpty()) m_text += u' ';
-        m_text += blocksBelow(child, m_nesting.deeper()).join(u' ');
-        const HTMLNode* checkbox = child.first(isCheckbox);
-        if (checkbox) m_isDone = checkbox->hasAttribute(u"checked");
-    }
-
-    QString m_marker;
-    QString m_indent;
-    QString m_nestedIndent;
-    Nesting m_nesting;
-    std::optional<bool> m_isDone;
-    QString m_text;
-    QStringList m_nested;
-};
-
-// A whole number with an optional sign, in ASCII digits.
-qint64 firstNumber(const HTMLNode& list) {
-    const QStringView start = list.attribute(u"start").value_or(QStringView());
-    const bool isNumber = !start.isEmpty() && std::all_of(start.begin(), start.end(), [](QChar c) {
-        return (c >= u'0' && c <= u'9') || c == u'-' || c == u'+';
-    });
-    bool isValid = false;
-    const qint64 number = start.toLongLong(&isValid);
-    return isNumber && isValid ? number : 1;
-}
-
-void appendListLines(const HTMLNode& list, const QString& indent, Nesting nesting,
-                     QStringList& lines) {
-    const bool isOrdered = list.role() == HTMLRole::OrderedList;
-    qint64 number = isOrdered ? firstNumber(list) : 0;
-    for (const HTMLNode* child = list.firstChild(); child; child = child->nextSibling()) {
-        if (child->role() != HTMLRole::ListItem) continue;
-        const QString marker =
-            isOrdered ? QString::number(number) + QLatin1String(". ") : QStringLiteral("- ");
-        ListItem(*child, marker, indent, nesting.deeper()).appendTo(lines);
-        if (number < std::numeric_limits<qint64>::max()) ++number;
-    }
-}
-
 QString joinedLines(const HTMLNode& list, Nesting nesting) {
     QStringList lines;
     appendListLines(list, QString(), nesting, lines);
-    return lines.join(u'\n');
-}
-
-QString itemOutsideList(const HTMLNode& item, Nesting nesting) {
-    QStringList lines;
-    ListItem(item, QStringLiteral("- "), QString(), nesting.deeper()).appendTo(lines);
     return lines.join(u'\n');
 }
 
@@ -377,6 +130,8 @@ bool appendBlock(const HTMLNode& node, Nesting nesting, Paragraph& pending, QStr
     return false;
 }
 
+}  // namespace
+
 QStringList blocksBelow(const HTMLNode& top, Nesting nesting) {
     QStringList blocks;
     Paragraph pending;
@@ -395,8 +150,6 @@ QStringList blocksBelow(const HTMLNode& top, Nesting nesting) {
     pending.flushInto(blocks);
     return blocks;
 }
-
-}  // namespace
 
 QStringList blocks(const HTMLNode& node) {
     return blocksBelow(node, {});

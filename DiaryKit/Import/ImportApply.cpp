@@ -85,6 +85,14 @@ public:
 
     ImportRecord finished() {
         atomicfile::makeFolder(beforeFolder(m_folder, m_record.id));
+        // Nobody may keep or undo it before it is whole: what is written behind such a moment would
+        // be told by no record if this process died.
+        withImport(m_folder, m_record.id, [this] { write(); });
+        return std::move(m_record);
+    }
+
+private:
+    void write() {
         // From here on a crash leaves a trace that can be seen.
         saveRecord(m_record, m_folder);
         ImportJournal journal(journalPath(m_folder, m_record.id));
@@ -98,10 +106,8 @@ public:
         saveRecord(m_record, m_folder);
         journal.close();
         removeJournal(m_folder, m_record.id);
-        return std::move(m_record);
     }
 
-private:
     [[nodiscard]] int total() const { return static_cast<int>(m_plan.changes.size()); }
 
     void tell(const Progress& progress) const {

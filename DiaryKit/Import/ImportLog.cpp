@@ -3,9 +3,11 @@
 #include <QtCore/QDir>
 #include <QtCore/QUuid>
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 
 #include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Import/ImportLogFiles.h"
 
 namespace diary::ImportLog {
@@ -84,12 +86,36 @@ std::vector<ImportRecord> interrupted(std::span<const ImportRecord> records,
     return found;
 }
 
+std::optional<ImportRecord> interruptedImport(const QString& vault, const QString& deviceID,
+                                              const QDateTime& now) {
+    for (const ImportRecord& listed : interrupted(records(vault, now), deviceID)) {
+        if (isBeingWritten(listed, vault)) continue;
+        // Whoever wrote it has ended by now, but may have finished it since it was listed.
+        ImportRecord record = currentRecord(listed, directory(vault));
+        if (record.state == State::writing) return record;
+    }
+    return std::nullopt;
+}
+
+bool isBeingWritten(const ImportRecord& record, const QString& vault) {
+    try {
+        withImport(directory(vault), record.id, [] {});
+        return false;
+    } catch (const FileError& error) {
+        return error.code() == EBUSY;
+    }
+}
+
 void markDone(const ImportRecord& record, const QString& vault) {
-    ImportRecord done = record;
-    done.state = State::done;
     const QString folder = directory(vault);
-    saveRecord(done, folder);
-    removeJournal(folder, record.id);
+    withImport(folder, record.id, [&] {
+        ImportRecord done = currentRecord(record, folder);
+        if (done.state == State::writing || done.state == record.state) {
+            done.state = State::done;
+            saveRecord(done, folder);
+        }
+        removeJournal(folder, done.id);
+    });
 }
 
 int removeAbandonedTemporaries(const QString& vault) {

@@ -3,14 +3,15 @@
 // ran an import is told by its device identifier. ImportApply.h writes an import, ImportUndo.h
 // takes one out, docs/formats/import-record.md tells the files byte by byte.
 //
-// Nothing here runs on a thread of its own; everything may block on files. Any thread, but never
-// two at once on one record.
+// Nothing here runs on a thread of its own; everything may block on files. Any thread. Writing,
+// keeping and undoing one import exclude each other, between threads and between processes.
 #pragma once
 
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
 #include <QtCore/QTimeZone>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -49,8 +50,21 @@ struct DeviceIDStore {
 [[nodiscard]] std::vector<ImportRecord> interrupted(std::span<const ImportRecord> records,
                                                     const QString& deviceID);
 
-// Accepts a cut-off import as far as it came: `record`, as `records` gives it, becomes "done".
-// Throws FileError if that can't be saved. That its journal can't be removed is passed over.
+// The newest import that this machine began and that nobody will finish: what a start asks about.
+// One that another process of this user is writing right now isn't cut off. Never throws; reads
+// all records, so not for a thread that a user waits for.
+[[nodiscard]] std::optional<ImportRecord> interruptedImport(const QString& vault,
+                                                            const QString& deviceID,
+                                                            const QDateTime& now);
+
+// Whether a thread or a process of this user is writing, keeping or undoing the import right now.
+// Such an import is neither to be kept nor to be undone, whatever its record says.
+[[nodiscard]] bool isBeingWritten(const ImportRecord& record, const QString& vault);
+
+// Accepts a cut-off import as far as it came by now: the one of `record`, as `records` gives it,
+// becomes "done". One that has been finished or undone since it was listed stays so. Throws
+// FileError if that can't be saved, or (Coordinate, EBUSY) while the import is being written. That
+// its journal can't be removed is passed over.
 void markDone(const ImportRecord& record, const QString& vault);
 
 // Removes the temporaries that dead processes of this machine left in the folders of the records,

@@ -5,9 +5,12 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QHash>
+#include <cerrno>
 #include <memory>
 
 #include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Files/FileCoordinator.h"
+#include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Import/ImportLog.h"
 
 namespace diary::ImportLog {
@@ -20,6 +23,13 @@ const QLatin1String kEnding(".json");
 bool staysInFolder(const QString& id) {
     const bool isStep = id == QLatin1String(".") || id == QLatin1String("..");
     return !id.isEmpty() && !isStep && !id.contains(u'/') && !id.contains(QChar(0));
+}
+
+// Whether the file is surely a record in the state "done", without the memory for all its texts. A
+// line end stands in no text as it is, so the line can only be the record's own.
+bool isWrittenAsDone(const QString& path) {
+    const std::optional<QByteArray> bytes = atomicfile::tryRead(path);
+    return bytes && bytes->contains("\n    \"state\": \"done\",\n");
 }
 
 }  // namespace
@@ -54,12 +64,28 @@ QStringList recordNames(const QString& folder) {
 }
 
 std::optional<ImportRecord> readRecord(const QString& folder, const QString& name) {
-    const std::optional<QByteArray> bytes = atomicfile::tryRead(folder + u'/' + name);
+    std::optional<QByteArray> bytes = atomicfile::tryRead(folder + u'/' + name);
     if (!bytes) return std::nullopt;
-    std::optional<ImportRecord> record = ImportRecord::decode(*bytes);
+    std::optional<ImportRecord> record = ImportRecord::decode(std::move(*bytes));
     if (!record || !staysInFolder(record->id)) return std::nullopt;
     if (record->state != ImportRecord::State::writing) return record;
     return mergingJournal(std::move(*record), folder);
+}
+
+ImportRecord currentRecord(const ImportRecord& record, const QString& folder) {
+    const QString name = record.id + kEnding;
+    if (record.state == ImportRecord::State::done && isWrittenAsDone(folder + u'/' + name)) {
+        return record;
+    }
+    std::optional<ImportRecord> current = readRecord(folder, name);
+    return current && current->id == record.id ? std::move(*current) : record;
+}
+
+void withImport(const QString& folder, const QString& id, const std::function<void()>& accessor) {
+    const QString path = folder + u'/' + id;
+    if (!FileCoordinator(path).tryCoordinateWriting(accessor)) {
+        throw FileError(FileOperation::Coordinate, path, EBUSY);
+    }
 }
 
 void saveRecord(const ImportRecord& record, const QString& folder) {

@@ -4,6 +4,7 @@
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+#include <functional>
 #include <optional>
 
 #include "DiaryKit/Import/ImportRecord.h"
@@ -23,6 +24,15 @@ namespace diary::ImportLog {
 // Reads the record of this file name, with its journal merged if it is being written. Nothing if it
 // can't be read, or names its files by an identifier that leads out of the folder.
 [[nodiscard]] std::optional<ImportRecord> readRecord(const QString& folder, const QString& name);
+
+// The record as it stands on the disk; the given one if that can't be read, or is finished on the
+// disk too, since nothing more is written to one that is.
+[[nodiscard]] ImportRecord currentRecord(const ImportRecord& record, const QString& folder);
+
+// Runs `accessor` while no other thread or process of this user writes, keeps or undoes the import,
+// and at no other time. Throws FileError (Coordinate) without running it: with EBUSY if one does,
+// and if no lock can be had; and passes on what it throws. Never waits.
+void withImport(const QString& folder, const QString& id, const std::function<void()>& accessor);
 
 // Writes the record, synced. Throws FileError (Write).
 void saveRecord(const ImportRecord& record, const QString& folder);

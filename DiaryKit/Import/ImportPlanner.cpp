@@ -3,6 +3,7 @@
 #include <QtCore/QSet>
 #include <algorithm>
 #include <map>
+#include <unordered_set>
 
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/EntryRenderer.h"
@@ -48,6 +49,20 @@ QString withClosedFence(const QString& section) {
     if (!YearSectionParser::leavesFenceOpen(trimmed)) return section;
     return YearSectionParser::closingFence(trimmed);
 }
+
+// Entries of a section, by all that makes their identities: finding a repeated one among them costs
+// far less than digesting each.
+struct SameEntry {
+    size_t operator()(const ImportedEntry* entry) const {
+        const int time = entry->time ? entry->time->hour * 60 + entry->time->minute : -1;
+        return qHashMulti(0, entry->body, entry->title.value_or(QString()),
+                          entry->place.value_or(QString()), entry->weather.value_or(QString()),
+                          entry->mood.value_or(QString()), entry->journal.value_or(QString()),
+                          entry->tags, time);
+    }
+    bool operator()(const ImportedEntry* a, const ImportedEntry* b) const { return *a == *b; }
+};
+using DistinctEntries = std::unordered_set<const ImportedEntry*, SameEntry, SameEntry>;
 
 // Gathers a plan, day by day.
 class Planning {
@@ -120,13 +135,12 @@ private:
     std::vector<ImportedEntry> newEntries(const Entries& entries, const QString& body,
                                           const QSet<QString>& seen) {
         std::vector<ImportedEntry> kept;
-        QSet<QString> local;
+        DistinctEntries local;
         for (const ImportedEntry* entry : entries) {
-            const QString key = EntryRenderer::identity(*entry, m_batch.source);
-            const bool isKnown = seen.contains(key) || local.contains(key) ||
-                                 EntryRenderer::matchesWholeSection(*entry, body, m_plan.options);
-            local.insert(key);
-            if (isKnown) {
+            const bool isSeen =
+                !seen.isEmpty() && seen.contains(EntryRenderer::identity(*entry, m_batch.source));
+            if (isSeen || !local.insert(entry).second ||
+                EntryRenderer::matchesWholeSection(*entry, body, m_plan.options)) {
                 ++m_plan.stats.duplicates;
             } else {
                 kept.push_back(*entry);

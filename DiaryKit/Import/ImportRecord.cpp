@@ -212,6 +212,33 @@ QJsonObject skippedObject(const ImportBatch::Skipped& skipped) {
     return writer.object();
 }
 
+// Appends the value's lines, moved to the right below what they stand in.
+void appendIndented(const QByteArray& lines, QByteArray& json) {
+    for (qsizetype start = 0; start < lines.size();) {
+        const qsizetype end = lines.indexOf('\n', start);
+        json += "        ";
+        json.append(lines.constData() + start, end - start);
+        start = end + 1;
+        if (start < lines.size()) json += '\n';
+    }
+}
+
+// The record's JSON with the files in the place of none. They are nearly all of it, and a tree of
+// them all would be several times their size.
+QByteArray withFiles(const QByteArray& record, const std::vector<ImportRecord::File>& files) {
+    if (files.empty()) return record;
+    // Nothing in a text looks so, as its quotation marks are escaped.
+    const QByteArrayView none = "\n    \"files\": [";
+    const qsizetype place = record.indexOf(none) + none.size();
+    QByteArray json = record.first(place);
+    for (const ImportRecord::File& file : files) {
+        json += &file == &files.front() ? "\n" : ",\n";
+        appendIndented(QJsonDocument(fileObject(file)).toJson(QJsonDocument::Indented), json);
+    }
+    json += record.sliced(place);
+    return json;
+}
+
 }  // namespace
 
 std::optional<ImportRecord::File> ImportRecord::File::decode(const QByteArray& json) {
@@ -223,8 +250,9 @@ QByteArray ImportRecord::File::encoded() const {
     return QJsonDocument(fileObject(*this)).toJson(QJsonDocument::Compact);
 }
 
-std::optional<ImportRecord> ImportRecord::decode(const QByteArray& json) {
+std::optional<ImportRecord> ImportRecord::decode(QByteArray json) {
     const QJsonDocument document = QJsonDocument::fromJson(json);
+    json = {};
     if (!document.isObject()) return std::nullopt;
     Reader reader(document.object());
     ImportRecord record{.version = reader.number("version"),
@@ -257,10 +285,10 @@ QByteArray ImportRecord::encoded() const {
     writer.set("deviceID", deviceID);
     writer.set("entries", QJsonValue(entries));
     writer.set("days", QJsonValue(days));
-    writer.setList("files", files, fileObject);
+    writer.set("files", QJsonValue(QJsonArray()));
     writer.set("skipped", QJsonValue(skippedObject(skipped)));
     writer.set("undoneAt", undoneAt);
-    return QJsonDocument(writer.object()).toJson(QJsonDocument::Indented);
+    return withFiles(QJsonDocument(writer.object()).toJson(QJsonDocument::Indented), files);
 }
 
 std::vector<MonthDay> ImportRecord::monthDays() const {

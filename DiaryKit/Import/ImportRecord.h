@@ -81,8 +81,9 @@ struct ImportRecord {
 
     // Reads a record of this or an older version. Nothing if a required key is missing, a value has
     // the wrong type, a spelling isn't known, or the bytes aren't JSON. Keys that aren't known are
-    // passed over. Never throws.
-    [[nodiscard]] static std::optional<ImportRecord> decode(const QByteArray& json);
+    // passed over. Never throws. The bytes of a large record are let go of on the way, if they are
+    // the caller's last.
+    [[nodiscard]] static std::optional<ImportRecord> decode(QByteArray json);
 
     // Indented JSON with sorted keys, without absent values. Moments are written in UTC, to the
     // second that they lie in.

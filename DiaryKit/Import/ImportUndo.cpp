@@ -20,6 +20,8 @@ namespace diary::ImportLog {
 
 namespace {
 
+using State = ImportRecord::State;
+
 [[noreturn]] void throwCorrupt(const QString& path) {
     throw FileError(FileOperation::Read, path, EBADMSG);
 }
@@ -144,10 +146,7 @@ private:
     UndoResult& m_result;
 };
 
-}  // namespace
-
-UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now) {
-    const QString folder = directory(vault);
+UndoResult undoDays(const ImportRecord& record, const QString& vault, const QString& folder) {
     CutJournal journal(folder, record.id);
     UndoResult result;
     for (const ImportRecord::File& file : record.files) {
@@ -160,12 +159,26 @@ UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTim
                                    if (text) day.perform(path, *text);
                                });
     }
-    ImportRecord undone = record;
-    undone.state = ImportRecord::State::undone;
-    undone.undoneAt = now;
-    saveRecord(undone, folder);
-    removeJournal(folder, record.id);
-    removeUndoJournal(folder, record.id);
+    return result;
+}
+
+}  // namespace
+
+UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now) {
+    const QString folder = directory(vault);
+    UndoResult result;
+    withImport(folder, record.id, [&] {
+        // The import may have come further, or been undone, since the caller listed it.
+        ImportRecord undone = currentRecord(record, folder);
+        if (undone.state != State::undone || record.state == State::undone) {
+            result = undoDays(undone, vault, folder);
+            undone.state = State::undone;
+            undone.undoneAt = now;
+            saveRecord(undone, folder);
+        }
+        removeJournal(folder, undone.id);
+        removeUndoJournal(folder, undone.id);
+    });
     return result;
 }
 

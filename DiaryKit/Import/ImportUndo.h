@@ -23,14 +23,17 @@ struct UndoResult {
 };
 
 // Undoes the import of `record`, as `records` gives it, and marks it "undone" at `now`. A day file
-// that was deleted stays so.
+// that was deleted stays so. What the disk tells of the import by now counts: all of it, if it has
+// come further; nothing happens if it has been undone since `record` was listed.
 //
-// Throws FileError and stops there, with the record as it was, so that it can be tried again. What
-// one try has cut out of an edited day the next doesn't look for; if the day was edited once more
-// in between, nobody knows whether it was cut, and its additions count as not found. It throws: as
+// Throws FileError (Coordinate, EBUSY) and does nothing while another thread or process of this
+// user writes, keeps or undoes the same import. Otherwise throws FileError and stops there, with
+// the record as it was, so that it can be tried again. What one try has cut out of an edited day
+// the next doesn't look for; if the day was edited once more in between, nobody knows whether it
+// was cut, and its additions count as not found. It throws: as
 // dayfile::modifyingFile does, for what can't be written, and with the operation Read for the copy
 // of a day's old text: the system's code if it can't be read, EILSEQ if it isn't UTF-8, EBADMSG if
-// its digest isn't the recorded one. Blocks; any thread, but never twice at once on one record.
+// its digest isn't the recorded one. Blocks; any thread.
 UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now);
 
 // A day's text without what was added to one year of it.

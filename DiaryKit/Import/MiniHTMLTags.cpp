@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string_view>
 
 namespace diary::minihtml {
 
@@ -10,88 +11,66 @@ namespace {
 
 using Role = HTMLRole;
 
-// In the order of the names, so that one is found by halving.
-constexpr KnownTag kTags[] = {
-    {u"a", Role::Link},
-    {u"address", Role::Division},
-    {u"area", Role::Plain, TagEnd::Void},
-    {u"article", Role::Division},
-    {u"aside", Role::Division},
-    {u"audio", Role::Media},
-    {u"b", Role::Bold},
-    {u"base", Role::Plain, TagEnd::Void},
-    {u"blockquote", Role::Quote},
-    {u"body", Role::Division},
-    {u"br", Role::LineBreak, TagEnd::Void},
-    {u"canvas", Role::Media},
-    {u"center", Role::Division},
-    {u"cite", Role::Italic},
-    {u"code", Role::Code},
-    {u"col", Role::Plain, TagEnd::Void},
-    {u"dd", Role::Division},
-    {u"del", Role::Strikethrough},
-    {u"details", Role::Division},
-    {u"div", Role::Division},
-    {u"dl", Role::Division},
-    {u"dt", Role::Division},
-    {u"em", Role::Italic},
-    {u"embed", Role::Plain, TagEnd::Void},
-    {u"en-media", Role::Media},
-    {u"en-note", Role::Division},
-    {u"en-todo", Role::Todo},
-    {u"figcaption", Role::Division},
-    {u"figure", Role::Division},
-    {u"footer", Role::Division},
-    {u"form", Role::Division},
-    {u"h1", Role::Heading},
-    {u"h2", Role::Heading},
-    {u"h3", Role::Heading},
-    {u"h4", Role::Heading},
-    {u"h5", Role::Heading},
-    {u"h6", Role::Heading},
-    {u"header", Role::Division},
-    {u"hr", Role::Rule, TagEnd::Void},
-    {u"html", Role::Division},
-    {u"i", Role::Italic},
-    {u"iframe", Role::Media},
-    {u"img", Role::Media, TagEnd::Void},
-    {u"input", Role::Input, TagEnd::Void},
-    {u"kbd", Role::Code},
-    {u"li", Role::ListItem},
-    {u"link", Role::Plain, TagEnd::Void},
-    {u"main", Role::Division},
-    {u"mark", Role::Bold},
-    {u"meta", Role::Plain, TagEnd::Void},
-    {u"nav", Role::Division},
-    {u"object", Role::Media},
-    {u"ol", Role::OrderedList},
-    {u"p", Role::Division},
-    {u"param", Role::Plain, TagEnd::Void},
-    {u"picture", Role::Media},
-    {u"pre", Role::Preformatted},
-    {u"s", Role::Strikethrough},
-    {u"script", Role::Plain, TagEnd::Raw},
-    {u"section", Role::Division},
-    {u"source", Role::Plain, TagEnd::Void},
-    {u"strike", Role::Strikethrough},
-    {u"strong", Role::Bold},
-    {u"style", Role::Plain, TagEnd::Raw},
-    {u"summary", Role::Division},
-    {u"svg", Role::Media},
-    {u"table", Role::Table},
-    {u"tbody", Role::Table},
-    {u"td", Role::Cell},
-    {u"tfoot", Role::Table},
-    {u"th", Role::Cell},
-    {u"thead", Role::Table},
-    {u"title", Role::Plain, TagEnd::Raw},
-    {u"tr", Role::Row},
-    {u"track", Role::Plain, TagEnd::Void},
-    {u"tt", Role::Code},
-    {u"ul", Role::UnorderedList},
-    {u"video", Role::Media},
-    {u"wbr", Role::Plain, TagEnd::Void},
+struct TagGroup {
+    Role role;
+    TagEnd end;
+    // Apart by blanks.
+    std::u16string_view names;
 };
+
+constexpr TagGroup kGroups[] = {
+    {Role::Division, TagEnd::Closed,
+     u"address article aside body center dd details div dl dt en-note "
+     u"figcaption figure footer form header html main nav p section "
+     u"summary"},
+    {Role::Heading, TagEnd::Closed, u"h1 h2 h3 h4 h5 h6"},
+    {Role::UnorderedList, TagEnd::Closed, u"ul"},
+    {Role::OrderedList, TagEnd::Closed, u"ol"},
+    {Role::ListItem, TagEnd::Closed, u"li"},
+    {Role::Quote, TagEnd::Closed, u"blockquote"},
+    {Role::Preformatted, TagEnd::Closed, u"pre"},
+    {Role::Rule, TagEnd::Void, u"hr"},
+    {Role::Table, TagEnd::Closed, u"table tbody tfoot thead"},
+    {Role::Row, TagEnd::Closed, u"tr"},
+    {Role::Cell, TagEnd::Closed, u"td th"},
+    {Role::Bold, TagEnd::Closed, u"b mark strong"},
+    {Role::Italic, TagEnd::Closed, u"cite em i"},
+    {Role::Strikethrough, TagEnd::Closed, u"del s strike"},
+    {Role::Code, TagEnd::Closed, u"code kbd tt"},
+    {Role::Link, TagEnd::Closed, u"a"},
+    {Role::Input, TagEnd::Void, u"input"},
+    {Role::Todo, TagEnd::Closed, u"en-todo"},
+    {Role::LineBreak, TagEnd::Void, u"br"},
+    {Role::Media, TagEnd::Closed, u"audio canvas en-media iframe object picture svg video"},
+    {Role::Media, TagEnd::Void, u"img"},
+    {Role::Plain, TagEnd::Void, u"area base col embed link meta param source track wbr"},
+    {Role::Plain, TagEnd::Raw, u"script style title"},
+};
+
+constexpr std::size_t tagCount() {
+    std::size_t count = 0;
+    for (const TagGroup& group : kGroups) count += 1 + std::ranges::count(group.names, u' ');
+    return count;
+}
+
+constexpr std::u16string_view nameOf(const KnownTag& tag) {
+    return {tag.name.utf16(), static_cast<std::size_t>(tag.name.size())};
+}
+
+// All tags by their names, so that one is found by halving.
+constexpr auto kTags = [] {
+    std::array<KnownTag, tagCount()> tags;
+    auto* next = tags.begin();
+    for (const TagGroup& group : kGroups) {
+        for (std::u16string_view rest = group.names; !rest.empty();) {
+            const std::size_t length = std::min(rest.find(u' '), rest.size());
+            *next++ = {{rest.data(), static_cast<qsizetype>(length)}, group.role, group.end};
+            rest.remove_prefix(std::min(length + 1, rest.size()));
+        }
+    }
+    std::ranges::sort(tags, {}, nameOf);
+    return tags;
+}();
 
 // "blockquote" and "figcaption".
 constexpr qsizetype kLongestName = 10;

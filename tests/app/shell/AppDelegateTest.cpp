@@ -5,6 +5,7 @@
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/SettingsWindow/OnboardingSheet.h"
 #include "DiaryApp/SettingsWindow/SettingsWindowController.h"
+#include "DiaryKit/Files/TemporaryName.h"
 #include "tests/app/shell/ShellFixture.h"
 
 namespace velmar {
@@ -101,6 +102,28 @@ TEST_F(AppDelegateTest, TheNewWindowFollowsTheSettingsToo) {
 }
 
 class FirstStartTest : public test::ShellFixture {};
+
+TEST_F(FirstStartTest, RemovesWhatADeadProcessLeftInTheVaultAndInItsImports) {
+    diary::ProcessIdentity dead = diary::ProcessIdentity::current();
+    dead.boot = QStringLiteral("00000000");
+    const QString imports = QStringLiteral(".velmar/imports/");
+    const QString left[] = {
+        diary::temporaryName(QStringLiteral("03-07.md"), dead),
+        imports + diary::temporaryName(QStringLiteral("one.json"), dead),
+        imports + QLatin1String("one/before/") +
+            diary::temporaryName(QStringLiteral("03-07.md"), dead),
+    };
+    for (const QString& name : left) vault.write(name, "half");
+    const QString record = imports + QLatin1String("one.json");
+    vault.write(record, "{}");
+    settings.setVaultPath(vault.path());
+    AppDelegate delegate(settings);
+    delegate.start();
+    EXPECT_TRUE(waitUntil([&] {
+        return std::ranges::none_of(left, [&](const QString& name) { return vault.exists(name); });
+    }));
+    EXPECT_EQ(vault.read(record), "{}");
+}
 
 // The question is asked over the window and answered with a button on it.
 TEST_F(FirstStartTest, TheAnswerMakesTheVaultAndTheWindowShowsIt) {

@@ -229,6 +229,27 @@ TEST_F(FileCoordinatorTest, LeavesOtherVaultsFree) {
     });
 }
 
+TEST_F(FileCoordinatorTest, TriesWithoutWaiting) {
+    int runs = 0;
+    const auto run = [&] { ++runs; };
+    EXPECT_TRUE(m_coordinator.tryCoordinateWriting(run));
+    {
+        const auto child = holder();
+        EXPECT_FALSE(m_coordinator.tryCoordinateWriting(run));
+    }
+    EXPECT_TRUE(m_coordinator.tryCoordinateWriting([&] {
+        run();
+        auto other =
+            std::async(std::launch::async, [&] { return m_coordinator.tryCoordinateWriting(run); });
+        EXPECT_FALSE(other.get());
+        EXPECT_FALSE(m_coordinator.tryCoordinateWriting(run));
+        m_coordinator.coordinateWriting(run);
+    }));
+    m_coordinator.coordinateReading([&] { EXPECT_FALSE(m_coordinator.tryCoordinateWriting(run)); });
+    EXPECT_EQ(runs, 3);
+    EXPECT_TRUE(isFree());
+}
+
 TEST_F(FileCoordinatorTest, MakesItsFolderAnewWhenThatIsGone) {
     const QTemporaryDir runtime;
     const test::Environment given("XDG_RUNTIME_DIR", runtime.path().toUtf8());

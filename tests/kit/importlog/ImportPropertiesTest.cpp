@@ -2,6 +2,8 @@
 // adds nothing, and an undo takes no line away that the import didn't bring.
 #include <gtest/gtest.h>
 
+#include <QtCore/QRegularExpression>
+#include <map>
 #include <set>
 
 #include "DiaryKit/Vault/YearSectionParser.h"
@@ -98,6 +100,14 @@ void expectOnlyTheImportIsGone(const QString& before, const QString& after,
     }
 }
 
+// The user's own words, which no import ever brings, as often as they stand there.
+std::map<QString, int> usersWords(const QString& text) {
+    static const QRegularExpression word(QStringLiteral("u\\d+"));
+    std::map<QString, int> words;
+    for (auto found = word.globalMatch(text); found.hasNext();) ++words[found.next().captured()];
+    return words;
+}
+
 void expectOtherYearsStay(const QString& before, const QString& after, const std::set<int>& years) {
     // A line that becomes a header once white space goes has always been one in waiting.
     if (fuzz::hasHeaderInWaiting(before) || !fuzz::staysWholeWhenTrimmed(before)) return;
@@ -161,6 +171,7 @@ TEST(ImportProperties, AnUndoTakesNothingThatTheUserWrote) {
             const QString before = QString::fromUtf8(bytes);
             const QString after = QString::fromUtf8(vault.read(name));
             const std::set<int> years = fuzz::yearsOfImport(record, name);
+            EXPECT_EQ(usersWords(after), usersWords(before)) << before.toStdString();
             expectOnlyTheImportIsGone(before, after, record, name);
             expectOtherYearsStay(before, after, years);
             if (years.empty()) {

@@ -121,6 +121,10 @@ protected:
                           batchOf({entry({2024, 1, 2}, QStringLiteral("imported"))}));
     }
 
+    void put(const ImportRecord& record) const {
+        m_vault.write(importsPath(record, QStringLiteral(".json")), record.encoded());
+    }
+
     static QString copyOf(const ImportRecord& record) {
         return importsPath(record, QStringLiteral("/before/01-02.md"));
     }
@@ -200,6 +204,7 @@ TEST_F(UndoTest, ASecondTryIsNotSureOfADayThatWasEditedSinceTheFirst) {
 TEST_F(UndoTest, StopsAtARecordThatContradictsItself) {
     ImportRecord record = imported();
     record.files[0].existed = false;
+    put(record);
     EXPECT_EQ(failure(record), std::pair(FileOperation::Read, EBADMSG));
     EXPECT_EQ(m_vault.read(kDay), kAppended);
 }
@@ -215,6 +220,7 @@ TEST_F(UndoTest, StopsAtADayThatIsNotUtf8) {
 TEST_F(UndoTest, PassesOverADayThatDoesNotRead) {
     ImportRecord record = imported();
     record.files[0].day = QStringLiteral("../01-02");
+    put(record);
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), UndoResult());
     EXPECT_EQ(m_vault.read(kDay), kAppended);
 }
@@ -222,13 +228,24 @@ TEST_F(UndoTest, PassesOverADayThatDoesNotRead) {
 TEST_F(UndoTest, AnAnnouncedWriteThatIsNotSeenIsNotFound) {
     ImportRecord record = imported();
     record.files[0].committed = false;
+    put(record);
     // The digest alone tells that it happened, even where the second line was lost.
     m_vault.write(kDay, "# 01-02\n\n## 2024\n\nold and new\n");
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kNotFound);
     EXPECT_EQ(m_vault.read(kDay), "# 01-02\n\n## 2024\n\nold and new\n");
+    put(record);
     m_vault.write(kDay, kAppended);
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
     EXPECT_EQ(m_vault.read(kDay), kOld);
+}
+
+TEST_F(UndoTest, IsFinalAndLeavesALaterImportOfTheSameEntriesAlone) {
+    const ImportRecord record = imported();
+    undo(record, m_vault.path(), moment(9));
+    importInto(m_vault.path(), batchOf({entry({2024, 1, 2}, QStringLiteral("imported"))}), 60);
+    // A window may still show the record as it was.
+    EXPECT_EQ(undo(record, m_vault.path(), moment(90)), UndoResult());
+    EXPECT_EQ(m_vault.read(kDay), kAppended);
 }
 
 TEST_F(UndoTest, LetsTheSameEntriesBeImportedAgain) {

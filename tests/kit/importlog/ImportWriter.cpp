@@ -1,6 +1,7 @@
 // A program that imports and undoes, for tests of several processes and of sudden ends:
 // import_writer <vault> apply <source> <days> <text>: one entry a day, from 1 January 2024 on;
-// import_writer <vault> undo, … keep: the newest import. Each prints how far it came.
+// import_writer <vault> stepwise <source> <days> <text>: the same, waiting for a line ahead of each
+// day; import_writer <vault> undo, or keep: the newest import. Each prints how far it came.
 #include <QtCore/QCoreApplication>
 #include <cstdio>
 #include <exception>
@@ -19,7 +20,14 @@ void tell(const ImportLog::Progress& progress) {
     std::fflush(stdout);
 }
 
-int apply(const QString& vault, const QStringList& words) {
+// The same, and waits for the test's word.
+void tellAndWait(const ImportLog::Progress& progress) {
+    tell(progress);
+    for (int c = 0; c != '\n' && c != EOF;) c = std::getchar();
+}
+
+int apply(const QString& vault, const QStringList& words,
+          void (*progress)(const ImportLog::Progress&)) {
     const ImportBatch batch = writtenBatch(words[0], words[1].toInt(), words[2]);
     const QDateTime now = QDateTime::fromSecsSinceEpoch(1'700'000'000, Qt::UTC);
     const ImportPlan plan = ImportPlanner::plan(batch, {}, ImportLog::records(vault, now), vault);
@@ -29,7 +37,7 @@ int apply(const QString& vault, const QStringList& words) {
                       .deviceID = QStringLiteral("this"),
                       .now = now,
                       .zone = QTimeZone::utc(),
-                      .progress = tell});
+                      .progress = progress});
     std::puts("done");
     return 0;
 }
@@ -51,7 +59,10 @@ int settle(const QString& vault, const QString& way) {
 
 int run(const QStringList& arguments) {
     if (arguments.size() == 6 && arguments[2] == u"apply") {
-        return apply(arguments[1], arguments.mid(3));
+        return apply(arguments[1], arguments.mid(3), tell);
+    }
+    if (arguments.size() == 6 && arguments[2] == u"stepwise") {
+        return apply(arguments[1], arguments.mid(3), tellAndWait);
     }
     return arguments.size() == 3 ? settle(arguments[1], arguments[2]) : 2;
 }

@@ -58,6 +58,19 @@ TEST(ImportRecord, ReadsWhatItWrites) {
     EXPECT_EQ(ImportRecord::decode(plain.encoded()), plain);
 }
 
+TEST(ImportRecord, IsLaidOutLikeAnyIndentedJson) {
+    ImportRecord record = fullRecord();
+    record.name = QStringLiteral("\n    \"files\": [\n    ]");
+    record.files.push_back(record.files[0]);
+    record.files[1].added[0].text = QStringLiteral("a\n\"files\": [\n\n]");
+    for (const size_t count : {size_t{2}, size_t{1}, size_t{0}}) {
+        record.files.resize(count);
+        const QByteArray json = record.encoded();
+        EXPECT_EQ(json, QJsonDocument::fromJson(json).toJson(QJsonDocument::Indented));
+        EXPECT_EQ(ImportRecord::decode(json), record);
+    }
+}
+
 TEST(ImportRecord, LeavesAbsentValuesOut) {
     const QByteArray json =
         ImportRecord{.at = QDateTime(QDate(2025, 1, 1), QTime(0, 0), Qt::UTC)}.encoded();
