@@ -19,11 +19,26 @@ using diary::testing::ZipBuilder;
 constexpr int kThisYear = 2026;
 
 constexpr std::array kNames = {
-    "Journal.json",        "Entries/2021-03-04.html", "a.html",       "1614852000000-a1b2.json",
-    "daylio.csv",          "backup.daylio",           "x.daylio",     "2021-03-04.md",
-    "Data/2021/03-04.md",  "journals/2021_03_04.md",  "diary.txt",    "03-04.md",
-    "output/11-21.md",     ".obsidian/daily-notes.json", "d/4.3.21.md", "diary.rtf",
-    "diary.docx",          "x.bin",                   "report.md",    "notes.org",
+    "Journal.json",
+    "Entries/2021-03-04.html",
+    "a.html",
+    "1614852000000-a1b2.json",
+    "daylio.csv",
+    "backup.daylio",
+    "x.daylio",
+    "2021-03-04.md",
+    "Data/2021/03-04.md",
+    "journals/2021_03_04.md",
+    "diary.txt",
+    "03-04.md",
+    "output/11-21.md",
+    ".obsidian/daily-notes.json",
+    "d/4.3.21.md",
+    "diary.rtf",
+    "diary.docx",
+    "x.bin",
+    "report.md",
+    "notes.org",
 };
 
 struct File {
@@ -76,8 +91,7 @@ void read(const QString& path) {
                   "an entry's day is one of the calendar");
         }
     } catch (const ImportError&) {
-    } catch (const FileError&) {
-    }
+    } catch (const FileError&) {}
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Any format of a date, folder and path, between NULs: the format makes a pattern or none, and a path
-// is dated in bounded time.
+// Any format of a date, folder and path, between NULs: the format makes a pattern or none, and a
+// path is dated in bounded time.
 #include <QtCore/QElapsedTimer>
 
 #include "DiaryKit/FolderSources/MarkdownFolderSource.h"

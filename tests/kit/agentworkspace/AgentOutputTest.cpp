@@ -49,7 +49,9 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         ASSERT_EQ(file.write(bytes), bytes.size());
     }
-    [[nodiscard]] QString inWorkspace(const QString& name) const { return m_workspace + u'/' + name; }
+    [[nodiscard]] QString inWorkspace(const QString& name) const {
+        return m_workspace + u'/' + name;
+    }
     [[nodiscard]] QString inOutput(const char* name) const {
         return inWorkspace(AgentWorkspace::names(GetParam()).output) + u'/' + s(name);
     }
@@ -193,9 +195,7 @@ TEST_P(AgentOutput, HasAFixPromptThatNamesTheFileAndYearOfEachFault) {
 
 INSTANTIATE_TEST_SUITE_P(Languages, AgentOutput, testing::ValuesIn(AgentWorkspace::kLanguages),
                          [](const auto& language) {
-                             return AgentWorkspace::code(language.param)
-                                 .remove(u'-')
-                                 .toStdString();
+                             return AgentWorkspace::code(language.param).remove(u'-').toStdString();
                          });
 
 }  // namespace
