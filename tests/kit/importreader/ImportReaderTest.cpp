@@ -180,7 +180,7 @@ TEST_F(Recognition, GivesASourceWithoutEntriesAsItIs) {
 }
 
 TEST_F(Recognition, PassesOnWhatGoesWrong) {
-    EXPECT_THROW(read(QStringLiteral("gone.txt")), FileError);
+    EXPECT_THROW((void)read(QStringLiteral("gone.txt")), FileError);
     files.write(QStringLiteral("torn.zip"), QByteArray("PK\3\4 torn", 9));
     try {
         const ImportBatch batch = read(QStringLiteral("torn.zip"));
@@ -224,12 +224,12 @@ protected:
                ".md";
     }
     [[nodiscard]] QString folderOf(int notes) const {
-        const QString name = QString::number(notes);
+        QString name = QString::number(notes);
         for (int i = 0; i < notes; ++i) files.write(name + u'/' + QString::fromUtf8(path(i)), "x");
         return name;
     }
     [[nodiscard]] QString zipOf(int notes) const {
-        const QString name = QStringLiteral("%1.zip").arg(notes);
+        QString name = QStringLiteral("%1.zip").arg(notes);
         ZipBuilder archive;
         for (int i = 0; i < notes; ++i) archive.add(ZipBuilder::stored(path(i), "x"));
         files.write(name, archive.zip64Bytes());
