@@ -24,7 +24,7 @@ SidebarState sidebarState(int day) {
     state.viewedYear = 2026;
     state.today = {2026, 11, 21};
     for (int each = 1; each < 31; each += 2) state.daysWithContent.insert(each);
-    state.overview = {214 + day, 2014, 231};
+    state.overview = diary::Overview{214 + day, 2014, 231};
     return state;
 }
 

@@ -1,9 +1,14 @@
 #include "DiaryApp/Appearance/Fonts.h"
 
+#include <fontconfig/fontconfig.h>
+
 #include <QtCore/QDir>
+#include <QtCore/QResource>
 #include <QtGui/QFontDatabase>
 #include <cmath>
 #include <utility>
+
+#include "DiaryKit/Foundation/Background.h"
 
 namespace velmar::fonts {
 
@@ -40,13 +45,25 @@ QFont make(const QString& family, const QString& behind, double size, QFont::Wei
     return font;
 }
 
+// Where it lies in the program, which lives as long as the fonts do. From a file Qt would copy each
+// font twice.
+QByteArray bundled(const QString& path) {
+    const QResource font(path);
+    return QByteArray::fromRawData(reinterpret_cast<const char*>(font.data()), font.size());
+}
+
 }  // namespace
+
+void warmUp() {
+    diary::background::start(diary::background::Urgency::UserWaits, [] { FcInit(); });
+}
 
 void load() {
     if (!loadedFonts().isEmpty()) return;
     const QDir folder(QStringLiteral(":/fonts"));
     for (const QString& name : folder.entryList()) {
-        loadedFonts().append(QFontDatabase::addApplicationFont(folder.filePath(name)));
+        const QByteArray font = bundled(folder.filePath(name));
+        loadedFonts().append(QFontDatabase::addApplicationFontFromData(font));
     }
 }
 

@@ -1,11 +1,10 @@
 #include "DiaryApp/Appearance/Icons.h"
 
 #include <QtCore/QFile>
+#include <QtGui/QIconEngine>
 #include <QtGui/QPixmap>
 #include <QtGui/QPixmapCache>
 #include <QtSvg/QSvgRenderer>
-
-#include "DiaryApp/Appearance/Theme.h"
 
 namespace velmar::icons {
 
@@ -33,6 +32,31 @@ QPixmap rendered(const QString& name, const QColor& color, const QSizeF& size, q
     return pixmap;
 }
 
+class IconEngine : public QIconEngine {
+public:
+    IconEngine(QString name, Token token) : m_name(std::move(name)), m_token(token) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/,
+               QIcon::State /*state*/) override {
+        const double side = qMin(rect.width(), rect.height());
+        QRectF square(0, 0, side, side);
+        square.moveCenter(QRectF(rect).center());
+        icons::paint(*painter, square, m_name, theme::color(m_token));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(theme::none());
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new IconEngine(m_name, m_token); }
+
+private:
+    QString m_name;
+    Token m_token;
+};
+
 }  // namespace
 
 void paint(QPainter& painter, const QRectF& square, const QString& name, const QColor& color) {
@@ -48,6 +72,10 @@ void paint(QPainter& painter, const QRectF& square, const QString& name, const Q
         QPixmapCache::insert(key, pixmap);
     }
     painter.drawPixmap(square.topLeft(), pixmap);
+}
+
+QIcon icon(const QString& name, Token token) {
+    return QIcon(new IconEngine(name, token));
 }
 
 bool exists(const QString& name) {

@@ -259,4 +259,14 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     }
 }
 
+// A menu bar asks for the sign of the menus that don't fit into it as soon as it is made. For Qt's
+// own, all that reads image files would be loaded, which takes as long as a whole page of text.
+QIcon VelmarStyle::standardIcon(StandardPixmap standardIcon, const QStyleOption* option,
+                                const QWidget* widget) const {
+    if (standardIcon == SP_ToolBarHorizontalExtensionButton) {
+        return icons::icon(QStringLiteral("chevron-right"), Token::Chevron);
+    }
+    return QProxyStyle::standardIcon(standardIcon, option, widget);
+}
+
 }  // namespace velmar

@@ -23,6 +23,8 @@ public:
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* result) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap standardIcon, const QStyleOption* option,
+                                     const QWidget* widget) const override;
 
     using QProxyStyle::polish;
 };

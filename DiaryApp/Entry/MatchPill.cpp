@@ -5,6 +5,7 @@
 #include <QtGui/QPainter>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
@@ -61,7 +62,8 @@ void paintShadow(QPainter& painter, const QRectF& box) {
     }
 }
 
-// As much larger than the pill as the shadow reaches.
+// As much larger than the pill as the shadow reaches. Dozens of rings take as long as a page, and
+// all that moves on the page beneath asks for them again, so they are painted once.
 class PillShadow : public QWidget {
 public:
     PillShadow(const MatchPill* pill, QWidget* parent) : QWidget(parent), m_pill(pill) {
@@ -71,15 +73,37 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
+        const Look look = {size(), devicePixelRatioF(), shadowColor(1)};
+        if (std::exchange(m_look, look) != look) m_picture = picture();
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.setOpacity(m_pill->opacity());
-        paintShadow(painter,
-                    QRectF(rect()).adjusted(kShadowRoom, kShadowRoom, -kShadowRoom, -kShadowRoom));
+        painter.drawPixmap(0, 0, m_picture);
     }
 
 private:
+    struct Look {
+        QSize size;
+        double pixelRatio = 0;
+        QColor color;
+
+        bool operator==(const Look&) const = default;
+    };
+
+    [[nodiscard]] QPixmap picture() const {
+        QPixmap made(m_look.size * m_look.pixelRatio);
+        made.setDevicePixelRatio(m_look.pixelRatio);
+        made.fill(Qt::transparent);
+        QPainter painter(&made);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintShadow(painter,
+                    QRectF(rect()).adjusted(kShadowRoom, kShadowRoom, -kShadowRoom, -kShadowRoom));
+        return made;
+    }
+
     const MatchPill* m_pill;
+    // What the picture was painted for.
+    Look m_look;
+    QPixmap m_picture;
 };
 
 }  // namespace

@@ -43,7 +43,7 @@ void OneYearPage::update(const EntryModel& model) {
     const bool isElsewhere = std::exchange(m_loadedFor, place) != place;
     if (const auto* editor = std::get_if<EntryModel::Editor>(&model.block.kind)) {
         if (isElsewhere) {
-            m_editor->load(editor->draft);
+            loadText(*editor);
         } else if (editor->draft != m_editor->draft()) {
             m_editor->reload(editor->draft);
         }
@@ -53,11 +53,25 @@ void OneYearPage::update(const EntryModel& model) {
     this->place();
 }
 
+// A text is laid out when it comes and again in another colour; so the colour comes first, while
+// there is nothing to lay out.
+void OneYearPage::loadText(const EntryModel::Editor& editor) {
+    if (m_textColor != editor.textColor) {
+        m_editor->load(QString());
+        setTextColor(editor.textColor);
+    }
+    m_editor->load(editor.draft);
+}
+
+void OneYearPage::setTextColor(Token color) {
+    if (std::exchange(m_textColor, color) != color) restyle();
+}
+
 void OneYearPage::showBlock(const EntryModel::Block& block) {
     const auto* editor = std::get_if<EntryModel::Editor>(&block.kind);
     if (editor != nullptr) {
         m_editor->setPlaceholder(editor->placeholder);
-        if (std::exchange(m_textColor, editor->textColor) != editor->textColor) restyle();
+        setTextColor(editor->textColor);
     } else {
         m_editor->load(QString());
         // Otherwise Qt would hand the focus to whatever comes next in the window.

@@ -45,6 +45,8 @@ protected:
 
 private:
     void wire();
+    void loadText(const EntryModel::Editor& editor);
+    void setTextColor(Token color);
     void showBlock(const EntryModel::Block& block);
     void place();
     void followCaret();

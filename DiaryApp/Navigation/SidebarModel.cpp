@@ -33,7 +33,7 @@ QString todayDate(const SidebarState& state, const Formatters& formatters) {
     return written.isEmpty() ? today.headerTitle() : written;
 }
 
-std::array<SidebarModel::Stat, 3> stats(const diary::Overview& overview) {
+std::array<SidebarModel::Stat, 3> factsOf(const diary::Overview& overview) {
     const QString earliest =
         overview.earliestYear ? QString::number(*overview.earliestYear) : QStringLiteral("—");
     return {{
@@ -43,6 +43,13 @@ std::array<SidebarModel::Stat, 3> stats(const diary::Overview& overview) {
         {qtTrId("Earliest year"), earliest, QString()},
         {qtTrId("Files"), QString::number(overview.fileCount), QString()},
     }};
+}
+
+std::array<SidebarModel::Stat, 3> stats(const std::optional<diary::Overview>& overview) {
+    std::array<SidebarModel::Stat, 3> stats = factsOf(overview.value_or(diary::Overview()));
+    if (overview) return stats;
+    for (SidebarModel::Stat& each : stats) each = {each.label, QString(), QString()};
+    return stats;
 }
 
 }  // namespace

@@ -23,7 +23,8 @@ struct SidebarState {
     diary::DiaryDay today;
     // Day numbers of the month in view.
     std::set<int> daysWithContent;
-    diary::Overview overview;
+    // Absent until the vault is looked through.
+    std::optional<diary::Overview> overview;
     Language language = Language::en;
 };
 
@@ -47,6 +48,7 @@ struct DayGridModel {
 struct SidebarModel {
     struct Stat {
         QString label;
+        // Empty while it isn't known.
         QString value;
         // What stands fainter behind the value, " / 365"; may be empty.
         QString suffix;

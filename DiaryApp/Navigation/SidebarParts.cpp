@@ -136,7 +136,7 @@ void StatsView::update(const std::array<SidebarModel::Stat, 3>& stats) {
     m_stats = stats;
     QStringList spoken;
     for (const SidebarModel::Stat& stat : stats) {
-        spoken.append(stat.label + u' ' + stat.value + stat.suffix);
+        spoken.append((stat.label + u' ' + stat.value + stat.suffix).trimmed());
     }
     setAccessibleName(spoken.join(QStringLiteral(", ")));
     QWidget::update();

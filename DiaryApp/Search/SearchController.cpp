@@ -33,8 +33,7 @@ void SearchController::showSearch() {
     if (!m_session) {
         m_session.emplace();
         m_session->query = m_lastSearchQuery;
-        m_session->years = ask(m_host.contentYears);
-        std::ranges::sort(m_session->years, std::greater());
+        takeContentYears();
         m_session->generation = ++m_generation;
         call(m_host.renderSidebar);
         call(m_host.switchSidebar, true);
@@ -46,6 +45,19 @@ void SearchController::showSearch() {
         call(m_host.setFieldText, *m_host.scriptedQuery);
     }
     searchQueryChanged(*m_host.scriptedQuery, Run::Immediately);
+}
+
+void SearchController::takeContentYears() {
+    const std::optional<std::vector<int>> years = ask(m_host.contentYears);
+    m_needsContentYears = !years;
+    m_session->years = years.value_or(std::vector<int>());
+    std::ranges::sort(m_session->years, std::greater());
+}
+
+void SearchController::contentYearsBecameKnown() {
+    if (!m_session || !m_needsContentYears) return;
+    takeContentYears();
+    call(m_host.renderSidebar);
 }
 
 void SearchController::exitSearch() {
@@ -141,10 +153,11 @@ void SearchController::showHit(int index, HitFocus focus) {
     const diary::SearchHit hit = hits[static_cast<std::size_t>(index)];
     // What is opened for writing needs the page of its year.
     if (focus == HitFocus::Editor && ask(m_host.showAllYears)) call(m_host.setAllYears, false);
-    const bool isRendered = bringIntoView(hit);
-    if (!isRendered) call(m_host.renderEntry);
-    call(m_host.renderSidebar);
-    call(m_host.renderRail);
+    if (!bringIntoView(hit)) {
+        call(m_host.renderEntry);
+        call(m_host.renderSidebar);
+        call(m_host.renderRail);
+    }
     applySearchHighlights(SearchScroll::ToMatch);
     if (focus == HitFocus::Unchanged) return;
     call(m_host.leaveSource);
@@ -153,12 +166,13 @@ void SearchController::showHit(int index, HitFocus focus) {
     if (showsSelectedHit() && !ranges.empty()) call(m_host.selectInEditor, ranges.front());
 }
 
-// True if the page that is shown now was rendered on the way.
+// True if everything that is shown now was drawn on the way. A day that can't be left stays in
+// view, with its draft.
 bool SearchController::bringIntoView(const diary::SearchHit& hit) {
-    const bool isOtherDay = ask(m_host.currentMonthDay) != hit.monthDay;
-    // A day that can't be left stays in view, with its draft.
-    if (isOtherDay && !ask(m_host.open, hit.monthDay)) return false;
-    if (ask(m_host.viewedYear) == hit.year) return isOtherDay;
+    if (ask(m_host.currentMonthDay) != hit.monthDay) {
+        return ask(m_host.open, hit.monthDay, hit.year);
+    }
+    if (ask(m_host.viewedYear) == hit.year) return false;
     if (!ask(m_host.showAllYears)) return ask(m_host.pickYear, hit.year);
     if (ask(m_host.viewYearInAllYears, hit.year)) call(m_host.renderStatus);
     return false;

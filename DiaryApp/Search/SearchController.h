@@ -63,6 +63,8 @@ public:
 
     // The first key into a saved draft: marked ranges don't fit the text any more.
     void draftBecameDirty();
+    // What the years with text are, which wasn't known when the search was opened.
+    void contentYearsBecameKnown();
     // The vault was looked at again: files that a search missed may have arrived.
     void vaultRefreshed();
 
@@ -75,6 +77,7 @@ public:
     [[nodiscard]] std::map<int, int> railHits(const diary::MonthDay& day) const;
 
 private:
+    void takeContentYears();
     void runSearch();
     void searchFinished(diary::SearchResult result, const QStringList& terms, int request);
     void showHit(int index, HitFocus focus);
@@ -94,6 +97,7 @@ private:
     // Counts the searches that were started; only the newest one's answer is taken.
     int m_searchRequest = 0;
     int m_generation = 0;
+    bool m_needsContentYears = false;
 };
 
 }  // namespace velmar

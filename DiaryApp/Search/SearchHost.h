@@ -32,12 +32,13 @@ struct SearchHost {
     std::function<QString()> draft;
     // The trimmed text of another year of the day in view.
     std::function<QString(int year)> body;
-    // All years of the vault with text, in any order.
-    std::function<std::vector<int>()> contentYears;
+    // All years of the vault with text, in any order; absent while they aren't known yet.
+    std::function<std::optional<std::vector<int>>()> contentYears;
 
-    // Moves without touching the focus. They save the draft first; false where that failed and the
-    // day or year isn't left.
-    std::function<bool(diary::MonthDay)> open;
+    // Moves without touching the focus. They save the draft first, and draw everything again; false
+    // where saving failed and the day or year isn't left. With all years shown they stay shown by
+    // open(), the given one being the viewed one.
+    std::function<bool(diary::MonthDay, int year)> open;
     std::function<bool(int year)> pickYear;
     // Makes the year the viewed one and its text the draft, and stays in the all-years view.
     std::function<bool(int year)> viewYearInAllYears;

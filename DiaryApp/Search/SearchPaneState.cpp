@@ -112,7 +112,9 @@ SearchPaneState searchPaneState(const SearchSession& session, const SearchPaneCo
         state.empty = noResults(session);
         return state;
     }
-    state.groups = groups(session.result->hits, query.isDateOnly(), context);
+    if (session.generation != context.shownGeneration) {
+        state.groups = groups(session.result->hits, query.isDateOnly(), context);
+    }
     state.countLine = searchCountLine(query, session.scope, *session.result, context.language);
     return state;
 }

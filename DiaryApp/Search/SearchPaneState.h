@@ -70,7 +70,7 @@ struct SearchPaneState {
     // Index of the selected hit.
     std::optional<int> selected;
     Empty empty;
-    // The rows are those of the last state if this is.
+    // The rows are those of the last state if this is; they may be left out then.
     int generation = 0;
 
     bool operator==(const SearchPaneState&) const = default;
@@ -82,6 +82,8 @@ struct SearchPaneContext {
     // Newest first.
     QStringList recentSearches;
     Language language = Language::en;
+    // The generation whose rows are shown already. They aren't made again.
+    std::optional<int> shownGeneration = {};
 };
 
 // The texts are in the installed language, the dates in the context's. Pure but for that.

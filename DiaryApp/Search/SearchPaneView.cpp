@@ -3,6 +3,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
+#include <utility>
 
 #include "DiaryApp/Appearance/SearchField.h"
 #include "DiaryApp/Appearance/Theme.h"
@@ -81,14 +82,15 @@ void SearchPaneView::retranslate() {
     QWidget::update();
 }
 
-void SearchPaneView::render(const State& state) {
+void SearchPaneView::render(State state) {
     m_chips->update(state.scopeYears, state.scope);
     m_countLine->update(state.countLine, state.isSearching);
     m_notice->setVisible(state.notice.has_value());
     if (state.notice) m_notice->update(*state.notice);
-    if (m_renderedGeneration != state.generation) m_list->setGroups(state.groups);
+    if (m_renderedGeneration != state.generation) m_list->setGroups(std::move(state.groups));
     m_renderedGeneration = state.generation;
-    m_list->setVisible(!state.groups.empty());
+    // Where there are hits they are counted.
+    m_list->setVisible(state.countLine.has_value());
     m_list->setAccessibleDescription(state.countLine.value_or(QString()));
     renderEmpty(state.empty);
     setTabOrders();

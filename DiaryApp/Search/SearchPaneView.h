@@ -38,7 +38,10 @@ public:
     std::function<void(const QString& text)> onRecent;
 
     // Rows are made anew only with another generation; the selected one is brought into view.
-    void render(const State& state);
+    void render(State state);
+    // The generation whose rows are shown; a state of that generation needs none. Absent where
+    // they have to be made anew in any case.
+    [[nodiscard]] std::optional<int> renderedGeneration() const { return m_renderedGeneration; }
     // The texts again in the installed language. To be followed by render().
     void retranslate();
 

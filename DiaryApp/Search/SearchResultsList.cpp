@@ -1,5 +1,7 @@
 #include "DiaryApp/Search/SearchResultsList.h"
 
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QScopedValueRollback>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -16,13 +18,15 @@ namespace {
 
 constexpr double kRingGap = 2;
 constexpr double kRingWidth = 2;
+// How long a key that is pressed meanwhile may have to wait.
+constexpr int kSliceMilliseconds = 2;
 
 }  // namespace
 
 SearchResultsList::SearchResultsList(QWidget* parent)
-    : QListView(parent), m_model(new SearchResultsModel(this)) {
+    : QListView(parent), m_model(new SearchResultsModel(this)), m_heights(*m_model) {
     setModel(m_model);
-    setItemDelegate(new SearchRowDelegate(this));
+    setItemDelegate(new SearchRowDelegate(m_heights, this));
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -62,6 +66,7 @@ void SearchResultsList::keyPressEvent(QKeyEvent* event) {
 }
 
 void SearchResultsList::setGroups(std::vector<SearchPaneState::Group> groups) {
+    m_heights.clear();
     m_model->setGroups(std::move(groups));
     verticalScrollBar()->setValue(0);
 }
@@ -79,6 +84,77 @@ void SearchResultsList::select(std::optional<int> hit) {
     if (above.isValid() && !isHit(above)) scrollTo(above);
     scrollTo(index);
     viewport()->update();
+}
+
+void SearchResultsList::doItemsLayout() {
+    m_heights.setWidth(width());
+    QListView::doItemsLayout();
+    if (m_isLayingOut) return;
+    measureShown();
+    if (m_heights.firstUnmeasured() >= 0) m_idle.start(0, this);
+}
+
+void SearchResultsList::layOutAnew() {
+    const QScopedValueRollback<bool> layingOut(m_isLayingOut, true);
+    const QModelIndex top = indexAt({0, 0});
+    const int before = visualRect(top).top();
+    doItemsLayout();
+    if (!top.isValid()) return;
+    QScrollBar* bar = verticalScrollBar();
+    bar->setValue(bar->value() + visualRect(top).top() - before);
+}
+
+// Lines that turn out lower bring up others from below.
+void SearchResultsList::measureShown() {
+    for (bool isOther = true; isOther;) {
+        isOther = false;
+        const QModelIndex top = indexAt({0, 0});
+        const int count = m_model->rowCount();
+        for (int row = top.isValid() ? top.row() : count; row < count; ++row) {
+            if (visualRect(m_model->index(row)).top() >= viewport()->height()) break;
+            isOther = m_heights.measure(row) || isOther;
+        }
+        if (isOther) layOutAnew();
+    }
+}
+
+void SearchResultsList::measureAround(int row) {
+    m_heights.setWidth(width());
+    const int reach = viewport()->height() / SearchRowDelegate::headHeight + 1;
+    const int last = qMin(row + reach, m_model->rowCount() - 1);
+    bool isOther = false;
+    for (int each = qMax(0, row - reach); each <= last; ++each) {
+        isOther = m_heights.measure(each) || isOther;
+    }
+    if (isOther) layOutAnew();
+}
+
+void SearchResultsList::measureIdly() {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    bool isOther = false;
+    int next = m_heights.firstUnmeasured();
+    for (; next >= 0 && elapsed.elapsed() < kSliceMilliseconds;
+         next = m_heights.firstUnmeasured()) {
+        isOther = m_heights.measure(next) || isOther;
+    }
+    if (isOther) layOutAnew();
+    if (next < 0) m_idle.stop();
+}
+
+void SearchResultsList::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    if (index.isValid()) measureAround(index.row());
+    QListView::scrollTo(index, hint);
+}
+
+void SearchResultsList::scrollContentsBy(int dx, int dy) {
+    QListView::scrollContentsBy(dx, dy);
+    if (!m_isLayingOut) measureShown();
+}
+
+void SearchResultsList::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != m_idle.timerId()) return QListView::timerEvent(event);
+    measureIdly();
 }
 
 void SearchResultsList::paintEvent(QPaintEvent* event) {
@@ -114,7 +190,9 @@ void SearchResultsList::changeEvent(QEvent* event) {
     QListView::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) viewport()->update();
     // Another language has other shapes, so rows may take other heights.
-    if (event->type() == QEvent::LanguageChange) scheduleDelayedItemsLayout();
+    if (event->type() != QEvent::LanguageChange) return;
+    m_heights.clear();
+    scheduleDelayedItemsLayout();
 }
 
 }  // namespace velmar

@@ -4,6 +4,7 @@
 
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Search/SearchResultsModel.h"
+#include "DiaryApp/Search/SearchRowHeights.h"
 #include "DiaryApp/Search/SnippetLayout.h"
 
 namespace velmar {
@@ -13,7 +14,6 @@ namespace {
 using Line = SearchResultsModel::Line;
 
 constexpr double kHeadLeft = 20;
-constexpr double kHeadHeight = 34;
 constexpr double kHeadTop = 14;
 constexpr double kHeadLine = 16;
 constexpr double kBoxMargin = 10;
@@ -28,10 +28,6 @@ constexpr double kDateGap = 8;
 
 const Line& lineAt(const QModelIndex& index) {
     return static_cast<const SearchResultsModel*>(index.model())->line(index);
-}
-
-double textWidth(double lineWidth) {
-    return lineWidth - 2 * (kBoxMargin + kPaddingLeft);
 }
 
 void paintHead(QPainter& painter, const QRectF& rect, const SearchPaneState::Group& group) {
@@ -76,6 +72,9 @@ void paintDateLine(QPainter& painter, const QRectF& line, const SearchPaneState:
 
 }  // namespace
 
+SearchRowDelegate::SearchRowDelegate(const SearchRowHeights& heights, QObject* parent)
+    : QStyledItemDelegate(parent), m_heights(heights) {}
+
 QRectF SearchRowDelegate::box(const QRectF& line) {
     return line.adjusted(kBoxMargin, 0, -kBoxMargin, 0);
 }
@@ -103,12 +102,16 @@ void SearchRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
 
 QSize SearchRowDelegate::sizeHint(const QStyleOptionViewItem& option,
                                   const QModelIndex& index) const {
-    const Line& line = lineAt(index);
-    const int width = option.rect.width();
-    if (line.row == nullptr) return {width, static_cast<int>(kHeadHeight)};
-    const int lines = SnippetLayout::lineCount(line.row->snippet, textWidth(width));
-    return {width, static_cast<int>(kPaddingTop + kDateLine + lines * SnippetLayout::lineHeight +
-                                    kPaddingBottom)};
+    return {option.rect.width(), m_heights.height(index.row())};
+}
+
+int SearchRowDelegate::hitHeight(int snippetLines) {
+    return static_cast<int>(kPaddingTop + kDateLine + snippetLines * SnippetLayout::lineHeight +
+                            kPaddingBottom);
+}
+
+double SearchRowDelegate::snippetWidth(double lineWidth) {
+    return lineWidth - 2 * (kBoxMargin + kPaddingLeft);
 }
 
 }  // namespace velmar

@@ -1,6 +1,7 @@
 #include "DiaryApp/Search/SnippetLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "DiaryApp/Appearance/Fonts.h"
 
@@ -10,6 +11,10 @@ namespace {
 
 constexpr double kMarkRadius = 3;
 constexpr double kMarkReach = 1;
+
+// The scripts behind this letter are mostly as wide as high; the others take about this share.
+constexpr QChar kFirstWide(0x2E80);
+constexpr double kLetterShare = 0.47;
 
 QFont snippetFont() {
     return fonts::serif(13.5);
@@ -28,6 +33,14 @@ SnippetLayout::SnippetLayout(const QString& text, const std::vector<diary::TextR
 
 int SnippetLayout::lineCount(const QString& text, double width) {
     return SnippetLayout(text, {}, width).lineCount();
+}
+
+int SnippetLayout::likelyLineCount(const QString& text, double width) {
+    const auto wide =
+        std::ranges::count_if(text, [](QChar letter) { return letter >= kFirstWide; });
+    const double letters = kLetterShare * static_cast<double>(text.size() - wide);
+    const double length = (letters + static_cast<double>(wide)) * snippetFont().pixelSize();
+    return std::clamp(static_cast<int>(std::ceil(length / width)), 1, maximumLines);
 }
 
 void SnippetLayout::layOut() {

@@ -19,8 +19,10 @@ public:
 
     [[nodiscard]] int lineCount() const { return m_layout.lineCount(); }
 
-    // The lines that `text` takes at this width, without laying it out where it is plainly short.
+    // The lines that `text` takes at this width.
     [[nodiscard]] static int lineCount(const QString& text, double width);
+    // About as many, told by the number and the script of its letters alone.
+    [[nodiscard]] static int likelyLineCount(const QString& text, double width);
 
     // Paints marks and text from this point on.
     void paint(QPainter& painter, const QPointF& topLeft, Token color) const;

@@ -74,11 +74,11 @@ void WritingSession::setRawText(QString text) {
     m_pastEntries.reset();
 }
 
-bool WritingSession::open(const MonthDay& monthDay, Focus focus) {
+bool WritingSession::open(const MonthDay& monthDay, Focus focus, std::optional<int> year) {
     if (!leaveDraft()) return false;
     m_monthDay = monthDay;
     resolveConflicts();
-    m_viewedYear = today().year;
+    m_viewedYear = year.value_or(today().year);
     loadDay();
     setDirty(false);
     call(m_view.renderTopBar);

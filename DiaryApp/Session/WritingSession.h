@@ -73,9 +73,10 @@ public:
     // Newest year first.
     [[nodiscard]] const std::vector<PastEntry>& pastEntries() const;
 
-    // Moves to a day, in the current year. The old day is saved first; if that fails, its draft is
-    // kept outside the vault. If even that fails, the day isn't left, and this is false.
-    bool open(const diary::MonthDay& monthDay, Focus focus);
+    // Moves to a day, in the given year or else the current one. The old day is saved first; if
+    // that fails, its draft is kept outside the vault. If even that fails, the day isn't left, and
+    // this is false.
+    bool open(const diary::MonthDay& monthDay, Focus focus, std::optional<int> year = {});
     // Moves to a year of the day in view, in one-year mode. False as above.
     bool pickYear(int year, Focus focus);
     void setAllYears(bool isOn);

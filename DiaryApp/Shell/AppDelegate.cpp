@@ -9,6 +9,7 @@
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Motion.h"
 #include "DiaryApp/Chrome/AlertSheet.h"
+#include "DiaryApp/Desktop/SessionBus.h"
 #include "DiaryApp/Desktop/SystemAppearance.h"
 #include "DiaryApp/Settings/Formatters.h"
 #include "DiaryApp/Settings/Localization.h"
@@ -37,6 +38,8 @@ AppDelegate::AppDelegate(Settings& settings, FirstScan firstScan)
 AppDelegate::~AppDelegate() = default;
 
 AppDelegate::FirstScan AppDelegate::warmUp(const Settings& settings) {
+    fonts::warmUp();
+    sessionbus::warmUp();
     Formatters::warmUp(localization::effectiveLanguage(settings));
     const auto scan = std::make_shared<std::promise<diary::ArchiveScan>>();
     diary::background::start(diary::background::Urgency::UserWaits,

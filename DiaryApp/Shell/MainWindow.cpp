@@ -146,6 +146,7 @@ void MainWindow::paintEvent(QPaintEvent* /*event*/) {
                      theme::color(Token::Border));
     painter.fillRect(QRect(m_rail->x(), top, 1, m_rail->height()), theme::color(Token::Border));
     QTimer::singleShot(0, this, [this] {
+        m_hasColumns = true;
         if (onFirstPaint) onFirstPaint();
         m_sidebar->show();
         m_rail->show();

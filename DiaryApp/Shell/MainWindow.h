@@ -39,9 +39,10 @@ public:
     void retranslate();
     void rememberFrame() const;
 
-    // Once, right after the window was painted for the first time.
+    // Once, right after the window was painted for the first time; the columns come with it.
     std::function<void()> onFirstPaint;
-    [[nodiscard]] bool isPainted() const { return m_isPainted; }
+    // Whether the columns have come.
+    [[nodiscard]] bool hasColumns() const { return m_hasColumns; }
     // The Escape key, where nothing that has the focus wants it.
     std::function<void()> onEscape;
     // Files were dropped, wherever in the window.
@@ -82,6 +83,7 @@ private:
     StatusBarView* m_statusBar;
     SearchPaneView* m_searchPane = nullptr;
     bool m_isPainted = false;
+    bool m_hasColumns = false;
 };
 
 }  // namespace velmar

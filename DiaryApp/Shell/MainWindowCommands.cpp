@@ -37,12 +37,7 @@ void MainWindowController::wire() {
     m_window->onFilesDropped = [this](const QList<QUrl>& files) {
         if (onImportDrop) onImportDrop(files);
     };
-    // The page is what was opened. The columns beside it take as long, and the fonts of other
-    // scripts in the rail's snippets longer than everything else.
-    m_window->onFirstPaint = [this] {
-        renderSidebar();
-        renderRail();
-    };
+    m_window->onFirstPaint = [this] { completeWindow(); };
     wireMenu();
     wireEntry();
     wireColumns();
@@ -201,8 +196,9 @@ void MainWindowController::showYearOverview() {
             m_session->open(day, Focus::Editor);
         };
     }
-    m_yearOverview->present(windowstates::yearOverview(*m_store), m_session->currentMonthDay(),
-                            m_window.get());
+    m_yearOverview->present(windowstates::yearOverview(m_vaultFacts->archive()),
+                            m_session->currentMonthDay(), m_window.get());
+    m_vaultFacts->lookAgain();
 }
 
 void MainWindowController::showInFinder() const {

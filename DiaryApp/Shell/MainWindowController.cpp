@@ -14,7 +14,6 @@
 #include "DiaryApp/Shell/MainWindow.h"
 #include "DiaryApp/Shell/WindowStates.h"
 #include "DiaryKit/Files/UserFolders.h"
-#include "DiaryKit/Foundation/Background.h"
 #include "DiaryKit/Foundation/TextSets.h"
 
 namespace velmar {
@@ -24,7 +23,8 @@ MainWindowController::MainWindowController(Settings& settings,
                                            const FirstScan& scan)
     : m_settings(settings),
       m_store(std::move(store)),
-      m_window(std::make_unique<MainWindow>(settings)) {
+      m_window(std::make_unique<MainWindow>(settings)),
+      m_vaultFacts(std::make_unique<VaultFacts>(*m_store)) {
     WritingSession::Environment environment;
     environment.conflictMarker = notices::conflictMarker;
     environment.otherMarkers = notices::conflictMarkers;
@@ -33,7 +33,8 @@ MainWindowController::MainWindowController(Settings& settings,
     const SessionView view = sessionView();
     m_session = std::make_unique<WritingSession>(*m_store, view, environment);
     m_alerts = std::make_unique<SessionAlerts>(*m_window, *m_session);
-    m_searchWiring = std::make_unique<SearchWiring>(*m_window, *m_session, view, settings);
+    m_searchWiring =
+        std::make_unique<SearchWiring>(*m_window, *m_session, *m_vaultFacts, view, settings);
     wire();
     m_observer = std::make_unique<diary::VaultObserver>(m_store->rootURL(), [this] {
         // On the observer's thread; the session's is the main one.
@@ -41,7 +42,8 @@ MainWindowController::MainWindowController(Settings& settings,
             this, [this] { m_session->scheduleRemoteRefresh(); }, Qt::QueuedConnection);
     });
     m_observer->start();
-    lookThroughVault(scan);
+    m_vaultFacts->onChanged = [this] { vaultFactsChanged(); };
+    m_vaultFacts->begin(scan);
     m_session->open(m_session->currentMonthDay(), Focus::Editor);
 }
 
@@ -80,24 +82,23 @@ void MainWindowController::show() {
     m_window->entryView()->focusEditor();
 }
 
-void MainWindowController::lookThroughVault(const FirstScan& scan) {
-    if (scan.valid() && scan.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
-        return takeScan(scan.get());
+void MainWindowController::vaultFactsChanged() {
+    renderSidebar();
+    search().contentYearsBecameKnown();
+    if (m_yearOverview && m_yearOverview->isVisible()) {
+        m_yearOverview->update(windowstates::yearOverview(m_vaultFacts->archive()));
     }
-    diary::background::run(
-        diary::background::Urgency::UserWaits, this,
-        [scan, root = m_store->rootURL()] {
-            return scan.valid() ? scan.get() : diary::scanArchive(root, {}, {});
-        },
-        [this](const diary::ArchiveScan& found) {
-            takeScan(found);
-            renderSidebar();
-        });
 }
 
-void MainWindowController::takeScan(const diary::ArchiveScan& scan) {
-    m_store->adopt(scan);
-    m_isVaultKnown = true;
+// The page is what was opened. The columns beside it take as long, and the fonts of other scripts
+// in the rail's snippets longer than everything else.
+void MainWindowController::completeWindow() {
+    if (m_isActivationDue) {
+        applicationBecameActive();  // Renders the sidebar as well.
+    } else {
+        renderSidebar();
+    }
+    renderRail();
 }
 
 void MainWindowController::renderTopBar() {
@@ -107,17 +108,12 @@ void MainWindowController::renderTopBar() {
 }
 
 void MainWindowController::renderSidebar() {
-    if (!m_window->isPainted()) return;  // It comes a moment after the first page.
-    const int before = m_vaultFacts.revision;
-    if (m_isVaultKnown) {
-        windowstates::refresh(m_vaultFacts, *m_store, m_session->currentMonthDay().month);
-    }
-    m_window->sidebar()->update(sidebarModel(windowstates::sidebar(*m_session, m_vaultFacts)));
+    if (!m_window->hasColumns()) return;  // It comes a moment after the first page.
+    m_vaultFacts->refresh();
+    SidebarState sidebar = windowstates::sidebar(*m_session, m_vaultFacts->archive());
+    if (!m_vaultFacts->areKnown()) sidebar.overview.reset();
+    m_window->sidebar()->update(sidebarModel(sidebar));
     m_searchWiring->renderPane();
-    const bool isNew = m_vaultFacts.revision != before;
-    if (isNew && m_yearOverview && m_yearOverview->isVisible()) {
-        m_yearOverview->update(windowstates::yearOverview(*m_store));
-    }
 }
 
 void MainWindowController::renderEntry() {
@@ -128,7 +124,7 @@ void MainWindowController::renderEntry() {
 }
 
 void MainWindowController::renderRail() {
-    if (!m_window->isPainted()) return;
+    if (!m_window->hasColumns()) return;
     const diary::MonthDay day = m_session->currentMonthDay();
     if (std::exchange(m_railDay, day) != day) m_window->rail()->scrollToTop();
     m_window->rail()->update(railModel(windowstates::rail(*m_session, search())));
@@ -170,7 +166,11 @@ void MainWindowController::retire() {
     m_window->hide();
 }
 
+// A start brings this between the first paint and its arrival on the screen; looking through the
+// vault's files again would hold the page back.
 void MainWindowController::applicationBecameActive() {
+    m_isActivationDue = !m_window->hasColumns();
+    if (m_isActivationDue) return;
     m_session->applicationBecameActive();
     m_store->warmEvictedFiles();
 }
@@ -192,7 +192,7 @@ void MainWindowController::retranslate() {
     renderEntry();
     renderRail();
     renderStatus();
-    if (m_yearOverview) m_yearOverview->update(windowstates::yearOverview(*m_store));
+    if (m_yearOverview) m_yearOverview->update(windowstates::yearOverview(m_vaultFacts->archive()));
 }
 
 void MainWindowController::restyle() {

@@ -6,7 +6,6 @@
 #include <QtCore/QList>
 #include <QtCore/QObject>
 #include <QtCore/QUrl>
-#include <future>
 #include <memory>
 
 #include "DiaryApp/Chrome/MenuTable.h"
@@ -14,7 +13,7 @@
 #include "DiaryApp/Settings/Settings.h"
 #include "DiaryApp/Shell/SearchWiring.h"
 #include "DiaryApp/Shell/SessionAlerts.h"
-#include "DiaryApp/Shell/WindowStates.h"
+#include "DiaryApp/Shell/VaultFacts.h"
 #include "DiaryKit/Files/VaultObserver.h"
 
 namespace velmar {
@@ -28,7 +27,7 @@ class MainWindowController : public QObject {
 
 public:
     // A look through the vault that has begun already. Until it ends the sidebar has no numbers.
-    using FirstScan = std::shared_future<diary::ArchiveScan>;
+    using FirstScan = VaultFacts::FirstScan;
 
     // Without a scan it is begun here.
     MainWindowController(Settings& settings, std::unique_ptr<diary::DiaryStore> store,
@@ -76,8 +75,8 @@ private:
     void wireMenu();
     void wireEntry();
     void wireColumns();
-    void lookThroughVault(const FirstScan& scan);
-    void takeScan(const diary::ArchiveScan& scan);
+    void completeWindow();
+    void vaultFactsChanged();
     void renderTopBar();
     void renderSidebar();
     void renderEntry();
@@ -94,14 +93,14 @@ private:
     Settings& m_settings;
     std::unique_ptr<diary::DiaryStore> m_store;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<VaultFacts> m_vaultFacts;
     std::unique_ptr<WritingSession> m_session;
     std::unique_ptr<SessionAlerts> m_alerts;
     std::unique_ptr<SearchWiring> m_searchWiring;
     std::unique_ptr<YearOverviewController> m_yearOverview;
     std::unique_ptr<diary::VaultObserver> m_observer;
-    // Asking the store for its numbers before would read the whole vault on the main thread.
-    bool m_isVaultKnown = false;
-    windowstates::VaultFacts m_vaultFacts;
+    // The application became active before the window had its columns.
+    bool m_isActivationDue = false;
     diary::MonthDay m_railDay;
 };
 

@@ -10,10 +10,11 @@
 
 namespace velmar {
 
-SearchWiring::SearchWiring(MainWindow& window, WritingSession& session, const SessionView& view,
-                           Settings& settings)
+SearchWiring::SearchWiring(MainWindow& window, WritingSession& session, const VaultFacts& facts,
+                           const SessionView& view, Settings& settings)
     : m_window(window),
       m_session(session),
+      m_facts(facts),
       m_settings(settings),
       m_search(host(view), makeEventLoopTimer) {
     m_window.onSearchPaneMade = [this](SearchPaneView* pane) { wireSearchPane(*pane, m_search); };
@@ -27,11 +28,14 @@ SearchHost SearchWiring::host(const SessionView& view) {
     host.showSource = [this] { return m_session.showSource(); };
     host.draft = [this] { return m_session.draft(); };
     host.body = [this](int year) { return m_session.body(year); };
-    host.contentYears = [this] {
-        const std::set<int> years = m_session.store().allContentYears();
+    host.contentYears = [this]() -> std::optional<std::vector<int>> {
+        if (!m_facts.areKnown()) return std::nullopt;
+        const std::set<int>& years = m_facts.archive().contentYears;
         return std::vector<int>(years.begin(), years.end());
     };
-    host.open = [this](diary::MonthDay day) { return m_session.open(day, Focus::Unchanged); };
+    host.open = [this](diary::MonthDay day, int year) {
+        return m_session.open(day, Focus::Unchanged, year);
+    };
     host.pickYear = [this](int year) { return m_session.pickYear(year, Focus::Unchanged); };
     host.viewYearInAllYears = [this](int year) { return m_session.viewYearAmongAll(year); };
     host.setAllYears = [this](bool isOn) { m_session.setAllYears(isOn); };
@@ -92,7 +96,8 @@ void SearchWiring::renderPane() {
     pane->setQuery(session->query);
     pane->render(searchPaneState(*session, {.currentYear = m_session.today().year,
                                             .recentSearches = m_settings.recentSearches(),
-                                            .language = localization::installedLanguage()}));
+                                            .language = localization::installedLanguage(),
+                                            .shownGeneration = pane->renderedGeneration()}));
 }
 
 }  // namespace velmar

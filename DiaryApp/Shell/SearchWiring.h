@@ -7,18 +7,19 @@
 #include "DiaryApp/Search/SearchController.h"
 #include "DiaryApp/Session/WritingSession.h"
 #include "DiaryApp/Settings/Settings.h"
+#include "DiaryApp/Shell/VaultFacts.h"
 
 namespace velmar {
 
 class MainWindow;
 
-// Main thread. Window, session and settings outlive it.
+// Main thread. Window, session, facts and settings outlive it.
 class SearchWiring : public QObject {
     Q_OBJECT
 
 public:
-    SearchWiring(MainWindow& window, WritingSession& session, const SessionView& view,
-                 Settings& settings);
+    SearchWiring(MainWindow& window, WritingSession& session, const VaultFacts& facts,
+                 const SessionView& view, Settings& settings);
 
     [[nodiscard]] SearchController& search() { return m_search; }
 
@@ -32,6 +33,7 @@ private:
 
     MainWindow& m_window;
     WritingSession& m_session;
+    const VaultFacts& m_facts;
     Settings& m_settings;
     SearchController m_search;
 };

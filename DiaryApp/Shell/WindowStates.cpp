@@ -1,5 +1,7 @@
 #include "DiaryApp/Shell/WindowStates.h"
 
+#include <set>
+
 #include "DiaryApp/Settings/Localization.h"
 #include "DiaryKit/Foundation/TextSets.h"
 
@@ -10,6 +12,14 @@ namespace {
 // The year's text as it is typed, or as the file has it.
 QString liveBody(const WritingSession& session, int year) {
     return session.viewedYear() == year ? session.draft() : session.body(year);
+}
+
+std::set<int> daysWithContent(const diary::ArchiveSnapshot& archive, int month) {
+    std::set<int> days;
+    for (int day = 1; day <= diary::MonthDay::daysInCycleMonth[month - 1]; ++day) {
+        if (archive.heatCounts.contains({month, day})) days.insert(day);
+    }
+    return days;
 }
 
 }  // namespace
@@ -23,21 +33,13 @@ TopBarView::Model topBar(const WritingSession& session) {
             session.showSource()};
 }
 
-void refresh(VaultFacts& facts, diary::DiaryStore& store, int month) {
-    if (facts.revision == store.revision() && facts.month == month) return;
-    facts.daysWithContent = store.daysWithContent(month);
-    facts.month = month;
-    if (facts.revision != store.revision()) facts.overview = store.overview();
-    facts.revision = store.revision();
-}
-
-SidebarState sidebar(const WritingSession& session, const VaultFacts& facts) {
+SidebarState sidebar(const WritingSession& session, const diary::ArchiveSnapshot& archive) {
     SidebarState state;
     state.day = session.currentMonthDay();
     state.viewedYear = session.viewedYear();
     state.today = session.today();
-    state.daysWithContent = facts.daysWithContent;
-    state.overview = facts.overview;
+    state.daysWithContent = daysWithContent(archive, state.day.month);
+    state.overview = archive.overview;
     state.language = localization::installedLanguage();
     return state;
 }
@@ -75,8 +77,8 @@ RailState rail(const WritingSession& session, const SearchController& search) {
             .hits = search.railHits(day)};
 }
 
-YearOverviewModel yearOverview(diary::DiaryStore& store) {
-    return yearOverviewModel(store.contentYearCounts(), store.overview(),
+YearOverviewModel yearOverview(const diary::ArchiveSnapshot& archive) {
+    return yearOverviewModel(archive.heatCounts, archive.overview,
                              localization::installedLanguage());
 }
 

@@ -2,7 +2,25 @@
 
 #include <array>
 
-namespace diary::import_issue {
+namespace diary {
+
+bool ImportIssue::isFixedByVelmar() const {
+    switch (kind) {
+        case Kind::titleMismatch:
+        case Kind::duplicateYear:
+        case Kind::undemotedHeading:
+        case Kind::unclosedFence:
+            return true;
+        case Kind::ignoredFile:
+        case Kind::invalidDate:
+        case Kind::yearOutOfRange:
+        case Kind::unreadable:
+            return false;
+    }
+    return false;
+}
+
+namespace import_issue {
 
 namespace {
 
@@ -26,4 +44,6 @@ QString spelling(ImportIssue::Kind kind) {
     return kSpellings[static_cast<std::size_t>(kind)];
 }
 
-}  // namespace diary::import_issue
+}  // namespace import_issue
+
+}  // namespace diary

@@ -24,6 +24,9 @@ struct ImportIssue {
     QString file = {};
     std::optional<QString> detail = {};
 
+    // Whether taking the material over sets it right; if not, something is left behind.
+    [[nodiscard]] bool isFixedByVelmar() const;
+
     bool operator==(const ImportIssue&) const = default;
 };
 

@@ -26,12 +26,15 @@ constexpr mode_t kMode = 0666;
 
 }  // namespace
 
-ImportJournal::ImportJournal(QString path)
-    : m_path(std::move(path)), m_file(require(m_path, [this] {
+ImportJournal::ImportJournal(QString path, Opening opening)
+    : m_path(std::move(path)), m_file(require(m_path, [&] {
+          const int truncating = opening == Opening::Anew ? O_TRUNC : 0;
           return ::open(QFile::encodeName(m_path).constData(),
-                        O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, kMode);
+                        O_WRONLY | O_CREAT | truncating | O_APPEND | O_CLOEXEC, kMode);
       })) {
     try {
+        // Readers pass over empty lines.
+        if (opening == Opening::Continued) writeAll("\n");
         atomicfile::syncFolder(m_path.section(u'/', 0, -2));
     } catch (...) {
         close();
@@ -44,14 +47,17 @@ ImportJournal::~ImportJournal() {
 }
 
 void ImportJournal::append(const ImportRecord::File& file, atomicfile::Durability durability) {
-    const QByteArray line = file.encoded() + '\n';
-    for (QByteArrayView rest = line; !rest.isEmpty();) {
-        rest = rest.sliced(require(m_path, [&] {
-            return ::write(m_file, rest.data(), static_cast<std::size_t>(rest.size()));
-        }));
-    }
+    writeAll(file.encoded() + '\n');
     if (durability == atomicfile::Durability::Synced) {
         require(m_path, [this] { return ::fdatasync(m_file); });
+    }
+}
+
+void ImportJournal::writeAll(QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        bytes = bytes.sliced(require(m_path, [&] {
+            return ::write(m_file, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        }));
     }
 }
 

@@ -1,5 +1,5 @@
-// The journal of an import that is being written: what is about to happen to a day is on the disk
-// before it happens. docs/formats/import-record.md shows its lines.
+// The journal of an import that is being written or undone: what is about to happen to a day is on
+// the disk before it happens. docs/formats/import-record.md shows its lines.
 #pragma once
 
 #include <QtCore/QString>
@@ -11,8 +11,11 @@ namespace diary {
 
 class ImportJournal {
 public:
-    // Makes the file, empty, with its name on the disk. Throws FileError (Write).
-    explicit ImportJournal(QString path);
+    enum class Opening { Anew, Continued };
+
+    // Makes the file, with its name on the disk. Anew it is empty; continued it keeps its lines,
+    // and the next one stands behind them even where the last is torn. Throws FileError (Write).
+    explicit ImportJournal(QString path, Opening opening = Opening::Anew);
     ~ImportJournal();
     ImportJournal(const ImportJournal&) = delete;
     ImportJournal& operator=(const ImportJournal&) = delete;
@@ -25,6 +28,8 @@ public:
     void close();
 
 private:
+    void writeAll(QByteArrayView bytes);
+
     QString m_path;
     int m_file;
 };

@@ -1,7 +1,6 @@
 #include "DiaryKit/Import/ImportLog.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QHash>
 #include <QtCore/QUuid>
 #include <algorithm>
 #include <iterator>
@@ -22,24 +21,6 @@ constexpr qint64 kListedAfterUndo = qint64{30} * 24 * 60 * 60;
 bool isListed(const ImportRecord& record, const QDateTime& now) {
     if (record.state != State::undone || !record.undoneAt) return true;
     return record.undoneAt->secsTo(now) <= kListedAfterUndo;
-}
-
-// The files of a journal's lines, one for each day.
-std::vector<File> filesOf(const QByteArray& journal) {
-    std::vector<File> files;
-    QHash<QString, size_t> places;
-    for (const QByteArray& line : journal.split('\n')) {
-        std::optional<File> file = File::decode(line);
-        if (!file) continue;
-        const auto place = places.constFind(file->day);
-        if (place != places.constEnd()) {
-            files[*place] = std::move(*file);
-            continue;
-        }
-        places.insert(file->day, files.size());
-        files.push_back(std::move(*file));
-    }
-    return files;
 }
 
 int entryCount(const std::vector<File>& files) {
@@ -84,9 +65,7 @@ std::vector<ImportRecord> records(const QString& vault, const QDateTime& now) {
 }
 
 ImportRecord mergingJournal(ImportRecord record, const QString& folder) {
-    const auto journal = atomicfile::tryRead(journalPath(folder, record.id));
-    if (!journal) return record;
-    std::vector<File> files = filesOf(*journal);
+    std::vector<File> files = journaledFiles(journalPath(folder, record.id));
     if (files.empty()) return record;
     record.days = static_cast<int>(files.size());
     record.entries = entryCount(files);

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QHash>
 #include <memory>
 
 #include "DiaryKit/Files/AtomicFile.h"
@@ -29,6 +30,10 @@ QString recordPath(const QString& folder, const QString& id) {
 
 QString journalPath(const QString& folder, const QString& id) {
     return folder + u'/' + id + QLatin1String("/journal.jsonl");
+}
+
+QString undoJournalPath(const QString& folder, const QString& id) {
+    return folder + u'/' + id + QLatin1String("/undo.jsonl");
 }
 
 QString beforeFolder(const QString& folder, const QString& id) {
@@ -61,8 +66,29 @@ void saveRecord(const ImportRecord& record, const QString& folder) {
     atomicfile::write(recordPath(folder, record.id), record.encoded());
 }
 
+std::vector<ImportRecord::File> journaledFiles(const QString& path) {
+    std::vector<ImportRecord::File> files;
+    QHash<QString, size_t> places;
+    for (const QByteArray& line : atomicfile::tryRead(path).value_or(QByteArray()).split('\n')) {
+        std::optional<ImportRecord::File> file = ImportRecord::File::decode(line);
+        if (!file) continue;
+        const auto place = places.constFind(file->day);
+        if (place != places.constEnd()) {
+            files[*place] = std::move(*file);
+            continue;
+        }
+        places.insert(file->day, files.size());
+        files.push_back(std::move(*file));
+    }
+    return files;
+}
+
 void removeJournal(const QString& folder, const QString& id) {
     (void)::unlink(QFile::encodeName(journalPath(folder, id)).constData());
+}
+
+void removeUndoJournal(const QString& folder, const QString& id) {
+    (void)::unlink(QFile::encodeName(undoJournalPath(folder, id)).constData());
 }
 
 }  // namespace diary::ImportLog

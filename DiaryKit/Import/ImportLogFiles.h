@@ -10,9 +10,11 @@
 
 namespace diary::ImportLog {
 
-// "<folder>/<id>.json", "<folder>/<id>/journal.jsonl" and "<folder>/<id>/before".
+// "<folder>/<id>.json", "<folder>/<id>/journal.jsonl", "<folder>/<id>/undo.jsonl" and
+// "<folder>/<id>/before".
 [[nodiscard]] QString recordPath(const QString& folder, const QString& id);
 [[nodiscard]] QString journalPath(const QString& folder, const QString& id);
+[[nodiscard]] QString undoJournalPath(const QString& folder, const QString& id);
 [[nodiscard]] QString beforeFolder(const QString& folder, const QString& id);
 
 // The names in the folder that end in ".json", sorted; none if it can't be listed.
@@ -25,7 +27,13 @@ namespace diary::ImportLog {
 // Writes the record, synced. Throws FileError (Write).
 void saveRecord(const ImportRecord& record, const QString& folder);
 
+// What a journal tells of each day: of several lines the last, at the place of the first. Lines
+// that don't read are passed over; nothing without a file.
+[[nodiscard]] std::vector<ImportRecord::File> journaledFiles(const QString& path);
+
 // Removes the journal if it can be removed. It has no meaning beside a finished record.
 void removeJournal(const QString& folder, const QString& id);
+// The same for the undo's, beside an undone record.
+void removeUndoJournal(const QString& folder, const QString& id);
 
 }  // namespace diary::ImportLog

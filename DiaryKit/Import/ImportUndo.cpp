@@ -3,11 +3,13 @@
 #include <unistd.h>
 
 #include <QtCore/QFile>
+#include <algorithm>
 #include <cerrno>
 
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Foundation/Utf8.h"
+#include "DiaryKit/Import/ImportJournal.h"
 #include "DiaryKit/Import/ImportLog.h"
 #include "DiaryKit/Import/ImportLogFiles.h"
 #include "DiaryKit/Import/ImportRecordKeys.h"
@@ -29,23 +31,61 @@ void removeDay(const QString& path) {
     atomicfile::syncFolder(path.section(u'/', 0, -2));
 }
 
+// The cuts that this undo makes, told ahead, and those that earlier tries have told. What a try has
+// cut, the next must not look for again: the user may have written the same.
+class CutJournal {
+public:
+    CutJournal(const QString& folder, const QString& id)
+        : m_path(undoJournalPath(folder, id)), m_earlier(journaledFiles(m_path)) {}
+
+    enum class Earlier { None, Made, Unknown };
+
+    // What an earlier try did to a day that holds `text` now.
+    [[nodiscard]] Earlier earlier(const QString& day, const QString& text) const {
+        const auto told = std::find_if(m_earlier.begin(), m_earlier.end(),
+                                       [&](const auto& file) { return file.day == day; });
+        if (told == m_earlier.end()) return Earlier::None;
+        const QString digest = hash(text);
+        if (told->after == digest) return Earlier::Made;
+        return told->before == digest ? Earlier::None : Earlier::Unknown;
+    }
+
+    // On the disk when this returns. Throws FileError.
+    void tell(const QString& day, const QString& before, const QString& after) {
+        if (!m_journal) {
+            atomicfile::makeFolder(m_path.section(u'/', 0, -2));
+            m_journal.emplace(m_path, ImportJournal::Opening::Continued);
+        }
+        m_journal->append(
+            {.day = day, .existed = true, .after = hash(after), .before = hash(before)},
+            atomicfile::Durability::Synced);
+    }
+
+private:
+    QString m_path;
+    std::vector<ImportRecord::File> m_earlier;
+    std::optional<ImportJournal> m_journal;
+};
+
 // Undoes one day, whose text it has from within the coordination of its write.
 class DayUndo {
 public:
     DayUndo(const ImportRecord::File& file, const MonthDay& monthDay, QString backupPath,
-            UndoResult& result)
+            CutJournal& journal, UndoResult& result)
         : m_file(file),
           m_monthDay(monthDay),
           m_backupPath(std::move(backupPath)),
+          m_journal(journal),
           m_result(result) {}
 
     void perform(const QString& path, const QString& text) {
         const std::optional<QString> backup = checkedBackup();
-        if (backup == text) return;
+        const auto earlier = m_journal.earlier(m_file.day, text);
+        if (backup == text || earlier == CutJournal::Earlier::Made) return;
         if (m_file.after == hash(text)) {
             restore(path, backup);
-        } else if (m_file.committed == false) {
-            // The write was announced and can't be seen.
+        } else if (m_file.committed == false || earlier == CutJournal::Earlier::Unknown) {
+            // The write was announced and can't be seen, or so was a cut.
             m_result.notFound += static_cast<int>(m_file.added.size());
         } else {
             cut(path, text, backup);
@@ -86,6 +126,7 @@ private:
             isChanged = true;
         }
         if (!isChanged) return;
+        m_journal.tell(m_file.day, text, working);
         const bool isEmpty =
             YearSectionParser::isEffectivelyEmpty(working, m_monthDay.headerTitle());
         if (!m_file.existed && isEmpty) {
@@ -99,6 +140,7 @@ private:
     const ImportRecord::File& m_file;
     MonthDay m_monthDay;
     QString m_backupPath;
+    CutJournal& m_journal;
     UndoResult& m_result;
 };
 
@@ -106,12 +148,13 @@ private:
 
 UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now) {
     const QString folder = directory(vault);
+    CutJournal journal(folder, record.id);
     UndoResult result;
     for (const ImportRecord::File& file : record.files) {
         const auto monthDay = MonthDay::parse(file.day + QLatin1String(".md"));
         if (!monthDay) continue;
         DayUndo day(file, *monthDay, beforeFolder(folder, record.id) + u'/' + monthDay->fileName(),
-                    result);
+                    journal, result);
         dayfile::modifyingFile(vault, *monthDay,
                                [&](const QString& path, const std::optional<QString>& text) {
                                    if (text) day.perform(path, *text);
@@ -122,6 +165,7 @@ UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTim
     undone.undoneAt = now;
     saveRecord(undone, folder);
     removeJournal(folder, record.id);
+    removeUndoJournal(folder, record.id);
     return result;
 }
 

@@ -25,7 +25,9 @@ struct UndoResult {
 // Undoes the import of `record`, as `records` gives it, and marks it "undone" at `now`. A day file
 // that was deleted stays so.
 //
-// Throws FileError and stops there, with the record as it was, so that it can be tried again: as
+// Throws FileError and stops there, with the record as it was, so that it can be tried again. What
+// one try has cut out of an edited day the next doesn't look for; if the day was edited once more
+// in between, nobody knows whether it was cut, and its additions count as not found. It throws: as
 // dayfile::modifyingFile does, for what can't be written, and with the operation Read for the copy
 // of a day's old text: the system's code if it can't be read, EILSEQ if it isn't UTF-8, EBADMSG if
 // its digest isn't the recorded one. Blocks; any thread, but never twice at once on one record.

@@ -19,7 +19,10 @@ namespace {
 // Below this many files a second thread costs more than it saves.
 constexpr int kFilesPerThread = 64;
 
-ScannedDay scanDay(const FileCoordinator& coordinator, const QString& path,
+// `coordinator()` is asked for only where the file has to be read: finding the place of its lock
+// takes longer than looking at a stamp.
+template <typename Coordinator>
+ScannedDay scanDay(const Coordinator& coordinator, const QString& path,
                    const YearCacheEntry* cached, const DownloadService& downloads) {
     ScannedDay result;
     const std::optional<FileStamp> found = fileStamp(path);
@@ -34,7 +37,7 @@ ScannedDay scanDay(const FileCoordinator& coordinator, const QString& path,
         return result;
     }
     try {
-        coordinator.coordinateReading([&] {
+        coordinator().coordinateReading([&] {
             const auto bytes = atomicfile::tryRead(path);
             if (bytes) result.fresh = YearCacheEntry{stamp, yearsWithContent(*bytes)};
         });
@@ -67,7 +70,8 @@ void add(ArchiveScan& scan, YearFlags& seen, const MonthDay& day, ScannedDay sca
 
 ScannedDay scanDay(const QString& root, const MonthDay& day, const YearCacheEntry* cached,
                    const DownloadService& downloads) {
-    return scanDay(FileCoordinator(root), dayfile::path(root, day), cached, downloads);
+    return scanDay([&root] { return FileCoordinator(root); }, dayfile::path(root, day), cached,
+                   downloads);
 }
 
 ArchiveScan scanArchive(const QString& root, const YearCache& cache,
@@ -76,7 +80,8 @@ ArchiveScan scanArchive(const QString& root, const YearCache& cache,
     scan.files = dayfile::dayFiles(root);
     const std::vector<MonthDay> days(scan.files.begin(), scan.files.end());
     std::vector<ScannedDay> scanned(days.size());
-    const FileCoordinator coordinator(root);
+    const FileCoordinator shared(root);
+    const auto coordinator = [&shared]() -> const FileCoordinator& { return shared; };
     const int count = static_cast<int>(days.size());
     const int threads =
         std::clamp(count / kFilesPerThread, 1,

@@ -13,7 +13,6 @@ void checkEntry(const ImportedEntry& entry) {
     check(entry.time.has_value(), "a moment has a time");
     check(!entry.title || !entry.title->isEmpty(), "a title that is there isn't empty");
     check(!entry.mood && entry.tags.isEmpty(), "moods and activities are told in the text");
-    check(!entry.body.contains(QLatin1String("\r\n")), "notes have plain line ends");
 }
 
 void read(QByteArrayView bytes) {

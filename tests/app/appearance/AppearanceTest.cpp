@@ -10,6 +10,7 @@
 #include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyle>
 
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Appearance/Fonts.h"
@@ -178,6 +179,27 @@ TEST_F(AppearanceTest, IconsTakeTheirColour) {
     }
     EXPECT_TRUE(hasInk);
     EXPECT_FALSE(icons::exists(QStringLiteral("no-such-icon")));
+}
+
+// The style's sign for the menus that don't fit into a bar.
+TEST_F(AppearanceTest, AnIconForQtTakesItsColourAtEachPaint) {
+    const QIcon icon =
+        QApplication::style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    ASSERT_FALSE(icon.isNull());
+    for (const Palette palette : {Palette::paper, Palette::ink}) {
+        theme::setPalette(palette);
+        const QImage image = icon.pixmap(QSize(24, 16), 2.0).toImage();
+        EXPECT_EQ(image.size(), QSize(48, 32));
+        EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0) << "the ground shows through";
+        int inked = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == theme::color(Token::Chevron)) ++inked;
+            }
+        }
+        EXPECT_GT(inked, 0);
+    }
+    theme::setPalette(Palette::paper);
 }
 
 TEST_F(AppearanceTest, AShadowIsDarkestBelowItsBoxAndFadesToNothing) {

@@ -38,7 +38,7 @@ protected:
         .today = {2026, 11, 21},
         .daysWithContent = {1,  2,  4,  5,  6,  8,  9,  11, 13, 14, 15,
                             16, 18, 19, 20, 21, 23, 24, 27, 28, 30},
-        .overview = {214, 2014, 231},
+        .overview = diary::Overview{214, 2014, 231},
         .language = Language::en,
     };
     RailState rail{

@@ -50,7 +50,7 @@ protected:
             if (count > 0) counts.insert(diary::MonthDay{1, 1}.advanced(i), count);
         }
         counts.insert({2, 29}, 2);
-        return yearOverviewModel(counts, sidebar.overview, sidebar.language);
+        return yearOverviewModel(counts, sidebar.overview.value(), sidebar.language);
     }
 
     // What the view paints, at the scale of the run, kept as "<what>-<scene>.png".

@@ -110,14 +110,21 @@ TEST_F(SidebarModelTest, TellsThreeFacts) {
 }
 
 TEST_F(SidebarModelTest, AnEmptyVaultHasNoEarliestYear) {
-    sidebar.overview = {};
+    sidebar.overview = diary::Overview();
     EXPECT_THAT(statTexts(),
                 ElementsAre(QStringLiteral("Days written|0| / 365"),
                             QStringLiteral("Earliest year|—|"), QStringLiteral("Files|0|")));
 }
 
+TEST_F(SidebarModelTest, TellsNoNumberBeforeTheVaultIsKnown) {
+    sidebar.overview.reset();
+    EXPECT_THAT(statTexts(),
+                ElementsAre(QStringLiteral("Days written||"), QStringLiteral("Earliest year||"),
+                            QStringLiteral("Files||")));
+}
+
 TEST_F(SidebarModelTest, TheDenominatorIsAFixedLabel) {
-    sidebar.overview.daysWithContent = 366;
+    sidebar.overview->daysWithContent = 366;
     sidebar.viewedYear = 2024;
     EXPECT_EQ(statTexts().first(), QStringLiteral("Days written|366| / 365"));
 }

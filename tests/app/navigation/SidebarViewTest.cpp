@@ -114,6 +114,10 @@ TEST_F(SidebarViewTest, TooltipsTellTheKeys) {
 TEST_F(SidebarViewTest, FactsAreReadAloud) {
     EXPECT_EQ(part<StatsView>()->accessibleName(),
               QStringLiteral("Days written 214 / 365, Earliest year 2014, Files 231"));
+    sidebar.overview.reset();
+    view.update(sidebarModel(sidebar));
+    EXPECT_EQ(part<StatsView>()->accessibleName(),
+              QStringLiteral("Days written, Earliest year, Files"));
     EXPECT_EQ(part<MonthHead>()->accessibleName(), QStringLiteral("November 2026"));
     EXPECT_EQ(view.accessibleName(), QStringLiteral("Calendar"));
 }

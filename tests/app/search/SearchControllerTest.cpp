@@ -25,6 +25,21 @@ TEST_F(SearchControllerTest, OpensWithTheYearsOfTheVaultAndTheFocusInTheField) {
     EXPECT_EQ(session().query, QString());
 }
 
+TEST_F(SearchControllerTest, YearsThatAreNotKnownYetComeLaterAndOnce) {
+    contentYears.reset();
+    controller->contentYearsBecameKnown();
+    controller->showSearch();
+    EXPECT_THAT(session().years, IsEmpty());
+    contentYears = {2021, 2026};
+    calls.clear();
+    controller->contentYearsBecameKnown();
+    EXPECT_THAT(session().years, ElementsAre(2026, 2021));
+    EXPECT_THAT(calls, Contains(QStringLiteral("sidebar")));
+    contentYears = {2021, 2026, 2027};
+    controller->contentYearsBecameKnown();
+    EXPECT_THAT(session().years, ElementsAre(2026, 2021));
+}
+
 TEST_F(SearchControllerTest, ShowingAnOpenSearchOnlyTakesTheFocus) {
     controller->showSearch();
     search(QStringLiteral("canal"));
@@ -124,15 +139,19 @@ TEST_F(SearchControllerTest, TheHitInViewIsSelectedElseTheFirst) {
     EXPECT_EQ(session().selected, 0);
     EXPECT_EQ(day, (MonthDay{10, 2}));
     EXPECT_EQ(year, 2026);
-    EXPECT_THAT(calls, Contains(QStringLiteral("open 10-02")));
+    EXPECT_THAT(calls, Contains(QStringLiteral("open 10-02 2026")));
     EXPECT_THAT(calls, Not(Contains(QStringLiteral("focusEditor"))));
 }
 
-TEST_F(SearchControllerTest, AHitOfAnotherYearIsOpenedInTwoSteps) {
+TEST_F(SearchControllerTest, AHitOfAnotherDayAndYearIsOpenedAndDrawnOnce) {
     controller->showSearch();
-    search(QStringLiteral("2025 boat"));
-    EXPECT_THAT(calls,
-                testing::IsSupersetOf({QStringLiteral("open 03-07"), QStringLiteral("pick 2025")}));
+    type(QStringLiteral("2025 boat"));
+    timers.advance(SearchController::searchDelay);
+    calls.clear();
+    answer();
+    // Opening draws everything itself, with the hit already selected.
+    EXPECT_EQ(calls, QStringList(QStringLiteral("open 03-07 2025")));
+    EXPECT_EQ(session().selected, 0);
     EXPECT_EQ(highlights, (SearchHost::Ranges{{2, 4}}));
     EXPECT_EQ(scrolls, 1);
 }

@@ -49,17 +49,19 @@ protected:
         made.showAllYears = [this] { return allYears; };
         made.draft = [this] { return pages[{day, year}]; };
         made.body = [this](int ofYear) { return pages[{day, ofYear}]; };
-        made.contentYears = [] { return std::vector<int>{2021, 2026, 2019, 2025}; };
-        made.open = [this](MonthDay to) {
-            calls.append(QStringLiteral("open ") + to.headerTitle());
+        made.contentYears = [this] { return contentYears; };
+        made.open = [this](MonthDay to, int inYear) {
+            calls.append(QStringLiteral("open %1 %2").arg(to.headerTitle()).arg(inYear));
             if (!canLeave) return false;
             day = to;
-            year = 2026;
+            year = inYear;
+            if (drawn) drawn();
             return true;
         };
         made.pickYear = [this](int to) {
             calls.append(QStringLiteral("pick %1").arg(to));
             year = to;
+            if (drawn) drawn();
             return true;
         };
         made.viewYearInAllYears = [this](int to) {
@@ -131,6 +133,9 @@ protected:
 
     [[nodiscard]] const SearchSession& session() const { return *controller->session(); }
 
+    // Called when a move has drawn everything again.
+    std::function<void()> drawn;
+    std::optional<std::vector<int>> contentYears = {{2021, 2026, 2019, 2025}};
     std::map<Page, QString> pages = {
         {{{11, 21}, 2026}, QStringLiteral("Frost on the canal. The canal was still.")},
         {{{11, 21}, 2025}, QStringLiteral("Rain.")},

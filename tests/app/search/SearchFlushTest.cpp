@@ -34,7 +34,9 @@ protected:
         made.showAllYears = [this] { return session->showAllYears(); };
         made.draft = [this] { return session->draft(); };
         made.body = [this](int year) { return session->body(year); };
-        made.open = [this](MonthDay day) { return session->open(day, Focus::Unchanged); };
+        made.open = [this](MonthDay day, int year) {
+            return session->open(day, Focus::Unchanged, year);
+        };
         made.pickYear = [this](int year) { return session->pickYear(year, Focus::Unchanged); };
         made.setAllYears = [this](bool isOn) { session->setAllYears(isOn); };
         made.startSearch = [this](const diary::SearchQuery& query, auto finish) {

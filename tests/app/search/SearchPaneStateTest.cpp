@@ -136,6 +136,18 @@ TEST_F(SearchPaneStateTest, HitsAreGroupedByRunsOfAYear) {
     EXPECT_EQ(state(), expected);
 }
 
+TEST_F(SearchPaneStateTest, RowsThatAreShownAreNotMadeAgain) {
+    find(QStringLiteral("canal"), {hit({11, 21}, 2026, 2)});
+    context.shownGeneration = session.generation;
+    SearchPaneState expected = state();
+    EXPECT_TRUE(expected.groups.empty());
+    EXPECT_EQ(expected.countLine, QStringLiteral("2 hits · 1 day · 1 year"));
+    context.shownGeneration = session.generation - 1;
+    EXPECT_EQ(state().groups.size(), 1U);
+    expected.groups = state().groups;
+    EXPECT_EQ(state(), expected);
+}
+
 TEST_F(SearchPaneStateTest, AWeekdayStandsAloneInChineseAndJapanese) {
     find(QStringLiteral("canal"), {hit({11, 21}, 2026, 2)});
     speak(Language::zhHans);

@@ -37,8 +37,10 @@ protected:
         made.renderSidebar = [this] {
             if (!controller->isOpen()) return;
             pane->setQuery(session().query);
-            pane->render(searchPaneState(session(), {2026, remembered, Language::en}));
+            pane->render(searchPaneState(
+                session(), {2026, remembered, Language::en, pane->renderedGeneration()}));
         };
+        drawn = made.renderSidebar;
         made.focusField = [this](FieldCaret caret) { pane->focusField(caret); };
         made.setFieldText = [this](const QString& text) { pane->setQuery(text); };
         return made;

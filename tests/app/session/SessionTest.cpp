@@ -28,6 +28,17 @@ TEST_F(Session, OpensADayInTheCurrentYear) {
     EXPECT_EQ(told.focused, 1);
 }
 
+TEST_F(Session, OpensADayInAGivenYearAndRendersItOnce) {
+    vault.write(QStringLiteral("11-21.md"), "# 11-21\n\n## 2020\n\nold\n\n## 2026\n\nnew\n");
+    session->open(today, Focus::Unchanged, 2020);
+    EXPECT_EQ(session->viewedYear(), 2020);
+    EXPECT_EQ(session->draft(), u"old");
+    EXPECT_EQ(told.renders.count(QStringLiteral("entry")), 1);
+    session->draftChanged(QStringLiteral("older"));
+    session->open(today.advanced(1), Focus::Unchanged, 2020);
+    EXPECT_EQ(file(), u"# 11-21\n\n## 2020\n\nolder\n\n## 2026\n\nnew\n");
+}
+
 TEST_F(Session, RendersInOrderWhenADayOpens) {
     session->open(today, Focus::Editor);
     EXPECT_THAT(told.renders, ElementsAre(QStringLiteral("topBar"), QStringLiteral("sidebar"),

@@ -47,6 +47,26 @@ TEST_F(MainWindowControllerTest, ShowsWhatAnotherProgramWrites) {
     EXPECT_TRUE(waitUntil([&] { return editor()->draft() == u"theirs"; }));
 }
 
+// The desktop makes the application active while its first page is still being painted.
+TEST_F(MainWindowControllerTest, LooksAgainBehindTheFirstPaintWhenItBecameActiveAheadOfIt) {
+    controller.reset();
+    vault.write(fileName(), QStringLiteral("## %1\n\nours\n").arg(today.year).toUtf8());
+    MainWindowController started(settings, std::make_unique<diary::DiaryStore>(vault.path()));
+    const GrowingTextView* text = started.window()->entryView()->editor();
+    vault.write(fileName(), QStringLiteral("## %1\n\ntheirs\n").arg(today.year).toUtf8());
+    started.applicationBecameActive();
+    EXPECT_EQ(text->draft(), u"ours") << "nothing holds the first page back";
+    QString whenColumnsCame;
+    const auto complete = started.window()->onFirstPaint;
+    started.window()->onFirstPaint = [&] {
+        complete();
+        whenColumnsCame = text->draft();
+    };
+    started.show();
+    ASSERT_TRUE(waitUntil([&] { return started.window()->rail()->isVisible(); }));
+    EXPECT_EQ(whenColumnsCame, u"theirs");
+}
+
 TEST_F(MainWindowControllerTest, CountsTheCharactersOfTheDraft) {
     type(QStringLiteral("a b"));
     EXPECT_EQ(controller->window()->statusBar()->rightText(),

@@ -4,7 +4,7 @@
 
 #include "DiaryKit/AppSources/DaylioSource.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "tests/kit/import/PeakMemory.h"
+#include "tests/kit/import/MemoryOfStep.h"
 #include "tests/kit/import/TemporaryPackage.h"
 #include "tests/kit/import/ZipBuilder.h"
 
@@ -228,6 +228,28 @@ TEST_F(DaylioBackupTest, LeavesAnEmptyTitleOut) {
 TEST_F(DaylioBackupTest, ReadsABackupWithoutEntries) {
     EXPECT_TRUE(read("{}").entries.empty());
     EXPECT_TRUE(read(R"({"dayEntries": {}})").entries.empty());
+}
+
+// The bytes of the file are decoded where they stand, and nothing else of that size is made.
+TEST_F(DaylioBackupTest, HoldsALargeBackupOnce) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "freed memory is kept for a while";
+#endif
+    constexpr qint64 kSize = 48 * diary::testing::kMebibyte;
+    const QByteArray json = R"({"unknown": ")" + QByteArray(kSize / 4 * 3, 'a') +
+                            R"(", "dayEntries": [{"datetime": 0, "note": "x"}]})";
+    const QByteArray text = json.toBase64();
+    const ImportPackage plain(m_files.add(kBackup, text));
+    ZipBuilder export_;
+    export_.add(ZipBuilder::stored("backup.daylio", text));
+    const ImportPackage zipped(m_files.add(QStringLiteral("x.zip"), export_.bytes()));
+    for (const ImportPackage* package : {&plain, &zipped}) {
+        const qint64 memory = diary::testing::memoryOfStep([&] {
+            const ImportBatch batch = DaylioSource::readBackup(*package, QString(), {});
+            if (batch.entries.size() != 1) throw ImportError(ImportError::Kind::empty);
+        });
+        EXPECT_LT(memory, kSize * 5 / 4);
+    }
 }
 
 // A name of a million letters, asked for by each of many short entries.

@@ -144,6 +144,18 @@ INSTANTIATE_TEST_SUITE_P(Brackets, Lines, testing::ValuesIn(kBrackets), kName);
 INSTANTIATE_TEST_SUITE_P(Behind, Lines, testing::ValuesIn(kBehind), kName);
 INSTANTIATE_TEST_SUITE_P(Ahead, Lines, testing::ValuesIn(kAhead), kName);
 
+// Nothing is tried anew from each of the characters of a long run.
+TEST(HostileLines, AreToldInOnePass) {
+    const QString blanks(2'000'000, u' ');
+    EXPECT_EQ(told(QStringLiteral("2021%1-03-04").arg(blanks)), QStringLiteral("2021-03-04"));
+    EXPECT_EQ(told(QStringLiteral("March") + blanks + QStringLiteral("3, 2021")),
+              QStringLiteral("2021-03-03"));
+    EXPECT_EQ(told(QStringLiteral("2021-03-04%1x").arg(blanks)), QStringLiteral("2021-03-04 x"));
+    EXPECT_EQ(told(QString(2'000'000, u'#') + QStringLiteral("2021-03-04")),
+              QStringLiteral("2021-03-04"));
+    EXPECT_EQ(told(QStringLiteral("2021%1x").arg(blanks)), QStringLiteral("none"));
+}
+
 struct Clock {
     const char* name;
     int hour;

@@ -72,12 +72,10 @@ private:
                 return text + QChar(0xFF10 + last);
             case 1:
                 return text + QChar(0x0660 + last);
-            default:
-                return text + QString::fromUcs4(
-                                  U"\U0001D7CE\U0001D7CF\U0001D7D0\U0001D7D1\U0001D7D2"
-                                  U"\U0001D7D3\U0001D7D4\U0001D7D5\U0001D7D6\U0001D7D7" +
-                                      last,
-                                  1);
+            default: {
+                const char32_t mathematical = 0x1D7CE + static_cast<char32_t>(last);
+                return text + QString::fromUcs4(&mathematical, 1);
+            }
         }
     }
 

@@ -7,6 +7,7 @@
 #include <ctime>
 #include <random>
 
+#include "DiaryKit/AgentWorkspace/AgentWorkspace.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "DiaryKit/Vault/YearSectionParser.h"
 #include "tests/kit/import/TemporaryPackage.h"
@@ -231,6 +232,14 @@ TEST_F(VelmarFolderSourceTest, FindsTheReportBesideTheFolder) {
         report);
     add("报告.md", "r");
     EXPECT_EQ(read().reportURL, m_files.path(QStringLiteral("报告.md")));
+}
+
+TEST(VelmarFolderNames, AreThoseOfWorkspaces) {
+    for (std::size_t index = 0; index < AgentWorkspace::kLanguages.size(); ++index) {
+        const auto& names = AgentWorkspace::names(AgentWorkspace::kLanguages[index]);
+        EXPECT_EQ(VelmarFolderSource::outputFolderNames[index], names.output);
+        EXPECT_EQ(VelmarFolderSource::reportNames[index], names.report);
+    }
 }
 
 TEST(UndemotedHeading, IsALineOfOneOrTwoMarksOutsideOfFences) {

@@ -72,5 +72,20 @@ TEST(TextSets, EndLinesAtALoneLfOnly) {
     EXPECT_EQ(indexOfLineEnd(u"\n", 0), 0);
 }
 
+TEST(StandsAlone, IsForCharactersWithoutMarks) {
+    EXPECT_TRUE(standsAlone(u"a,b", 1));
+    EXPECT_TRUE(standsAlone(u",", 0));
+    EXPECT_TRUE(standsAlone(u"\u65E5,\U0001F600", 1));
+    EXPECT_TRUE(standsAlone(u"\u0301,\n", 1));
+    // Marks, joiners and signs of many scripts join what is ahead of them, a few what follows.
+    EXPECT_FALSE(standsAlone(u"a,\u0301", 1));
+    EXPECT_FALSE(standsAlone(u",\u200D", 0));
+    EXPECT_FALSE(standsAlone(u",\uFE0F", 0));
+    EXPECT_FALSE(standsAlone(u",\u0903", 0));
+    EXPECT_FALSE(standsAlone(u",\U0001F3FB", 0));
+    EXPECT_FALSE(standsAlone(u"\u0600,", 1));
+    EXPECT_FALSE(standsAlone(u"\U000110BD,", 2));
+}
+
 }  // namespace
 }  // namespace diary::text

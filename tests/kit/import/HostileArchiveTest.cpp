@@ -111,6 +111,99 @@ TEST_F(HostileArchive, MayPointManyEntriesAtTheSameStoredBytes) {
     EXPECT_GT(readAll(zip.bytes()), 9'800);
 }
 
+// Each entry's stream quotes the local header of the next one and then goes on as that one does, so
+// that all of them end in the same bytes. Gives the whole, each entry's place in it and its size.
+struct Quoted {
+    QByteArray bytes;
+    std::vector<qsizetype> places = {};
+    std::vector<quint64> sizes = {};
+};
+
+Quoted quotedEntries(int count, const QByteArray& last) {
+    constexpr qsizetype kHeader = 30 + 6;
+    QByteArrayList pieces = {diary::testing::deflated(last)};
+    std::vector<quint64> sizes = {static_cast<quint64>(last.size())};
+    for (int i = count - 1; i >= 0; --i) {
+        const QByteArray name = QByteArray::number(i).rightJustified(6, '0');
+        ZipBuilder header;
+        header.add({.name = name, .method = 8});
+        const QByteArray local = header.bytes().first(kHeader);
+        pieces.prepend(local);
+        if (i == 0) break;
+        // A block of DEFLATE that holds its bytes as they are.
+        QByteArray quote(1, '\0');
+        ZipBuilder::append<quint16>(quote, kHeader);
+        ZipBuilder::append<quint16>(quote, static_cast<quint16>(~kHeader));
+        pieces.prepend(quote);
+        sizes.insert(sizes.begin(), sizes.front() + kHeader);
+    }
+    Quoted quoted{.bytes = pieces.join(), .sizes = std::move(sizes)};
+    constexpr qsizetype kQuote = 5;
+    for (int i = 0; i < count; ++i) quoted.places.push_back(i * (kHeader + kQuote));
+    return quoted;
+}
+
+TEST_F(HostileArchive, MayQuoteEachEntryInTheOneBefore) {
+    constexpr int kEntries = 3'000;
+    constexpr qsizetype kHeader = 30 + 6;
+    const Quoted quoted = quotedEntries(kEntries, QByteArray(8 * kMebibyte, ' '));
+    ZipBuilder zip;
+    zip.add({.name = "000000",
+             .packed = quoted.bytes.sliced(kHeader),
+             .method = 8,
+             .size = quoted.sizes[0]});
+    for (int i = 1; i < kEntries; ++i) {
+        const auto at = static_cast<size_t>(i);
+        zip.add({.name = QByteArray::number(i).rightJustified(6, '0'),
+                 .packed = quoted.bytes.sliced(quoted.places[at] + kHeader),
+                 .method = 8,
+                 .size = quoted.sizes[at],
+                 .place = static_cast<quint64>(quoted.places[at])});
+    }
+    // They are sound, so the first are read; together they would give 24 gigabytes.
+    const int failed = readAll(zip.bytes());
+    EXPECT_GT(failed, kEntries - 10);
+    EXPECT_LT(failed, kEntries);
+}
+
+TEST_F(HostileArchive, MayStoreEachEntryInTheOneBefore) {
+    constexpr int kEntries = 3'000;
+    constexpr qsizetype kHeader = 30 + 6;
+    QByteArray all;
+    for (int i = 0; i < kEntries; ++i) {
+        ZipBuilder one;
+        one.add(ZipBuilder::stored(QByteArray::number(i).rightJustified(6, '0'), ""));
+        all += one.bytes().first(kHeader);
+    }
+    all += QByteArray(400'000, 'x');
+    ZipBuilder zip;
+    zip.add(ZipBuilder::stored("000000", all.sliced(kHeader)));
+    for (int i = 1; i < kEntries; ++i) {
+        zip.add({.name = QByteArray::number(i).rightJustified(6, '0'),
+                 .packed = all.sliced((i + 1) * kHeader),
+                 .place = static_cast<quint64>(i * kHeader)});
+    }
+    const int failed = readAll(zip.bytes());
+    EXPECT_GT(failed, kEntries - 100);
+    EXPECT_LT(failed, kEntries);
+}
+
+TEST_F(HostileArchive, MayClaimAnyNumberOfEntriesAnywhere) {
+    ZipBuilder zip;
+    zip.add(ZipBuilder::stored("a", "x"));
+    const QByteArray whole = zip.zip64Bytes();
+    // Behind the end record of 22 bytes, its locator of 20 and most of the record of 56.
+    const qsizetype record = whole.size() - 22 - 20 - 56;
+    for (const quint64 claimed : {quint64{2}, quint64{1} << 40, quint64{1} << 63, ~quint64{0}}) {
+        for (const qsizetype field : {32, 48}) {
+            QByteArray changed = whole;
+            qToLittleEndian(claimed, changed.data() + record + field);
+            EXPECT_EQ(readAll(changed), -1) << claimed << " at " << field;
+        }
+    }
+    EXPECT_EQ(readAll(whole), 0);
+}
+
 TEST_F(HostileArchive, MayNestItselfInItself) {
     ZipBuilder inner;
     inner.add(ZipBuilder::stored("a", "x"));

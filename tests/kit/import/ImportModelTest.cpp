@@ -35,6 +35,16 @@ TEST(ImportIssue, SpellsItsKindsAsTheyAreNamed) {
     EXPECT_FALSE(import_issue::parse(u"other"));
 }
 
+TEST(ImportIssue, IsFixedWhereNothingIsLeftBehind) {
+    QStringList fixed;
+    for (int index = 0; index < 8; ++index) {
+        const ImportIssue issue{static_cast<ImportIssue::Kind>(index)};
+        if (issue.isFixedByVelmar()) fixed.append(import_issue::spelling(issue.kind));
+    }
+    EXPECT_EQ(fixed.join(u' '),
+              QStringLiteral("titleMismatch duplicateYear undemotedHeading unclosedFence"));
+}
+
 TEST(ImportedEntry, WritesAndOrdersTimesByHourThenMinute) {
     EXPECT_EQ((ImportedEntry::Time{7, 5}).text(), QStringLiteral("07:05"));
     EXPECT_EQ((ImportedEntry::Time{23, 59}).text(), QStringLiteral("23:59"));

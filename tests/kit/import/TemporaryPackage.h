@@ -19,7 +19,7 @@ public:
 
     // Writes a file, with the folders that it needs, and gives its path.
     QString add(const QString& name, const QByteArray& bytes = "x") const {
-        const QString target = path(name);
+        QString target = path(name);
         QDir().mkpath(QFileInfo(target).path());
         QFile file(target);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << target.toStdString();

@@ -39,6 +39,8 @@ public:
         QByteArray extra = {};
         // Points the record at an earlier item in place of bytes of its own.
         std::optional<std::size_t> sharesBytesOf = {};
+        // Points the record at this place of the file, the same way.
+        std::optional<quint64> place = {};
     };
 
     static Item stored(const QByteArray& name, const QByteArray& bytes) {
@@ -55,6 +57,8 @@ public:
         quint64 offset = static_cast<quint64>(m_bytes.size());
         if (item.sharesBytesOf) {
             offset = m_offsets[*item.sharesBytesOf];
+        } else if (item.place) {
+            offset = *item.place;
         } else {
             appendLocal(item);
         }

@@ -2,12 +2,10 @@
 // adds nothing, and an undo takes no line away that the import didn't bring.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <set>
 
-#include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Vault/YearSectionParser.h"
-#include "tests/fuzz/Fuzzing.h"
+#include "tests/fuzz/UndoneLines.h"
 #include "tests/kit/importlog/Imports.h"
 #include "tests/support/HostileText.h"
 #include "tests/support/Printing.h"
@@ -91,57 +89,12 @@ private:
     int m_words = 0;
 };
 
-using Lines = std::map<QString, int>;
-
-// The lines that aren't blank, as often as they stand there, year headers in their usual form.
-Lines linesOf(QStringView text) {
-    Lines lines;
-    for (const QStringView line : text.tokenize(u'\n')) {
-        QString trimmed = text::trimmed(line).toString();
-        const int year = yearheader::year(trimmed.utf16(), trimmed.size());
-        if (year >= 0) trimmed = QStringLiteral("## %1").arg(year);
-        if (!trimmed.isEmpty()) ++lines[trimmed];
-    }
-    return lines;
-}
-
-// What an undo may take from a day: the lines of what was added, each with a rule ahead of it, and
-// its year's header; of a file that the import made the title too.
-Lines linesOfImport(const ImportRecord& record, const QString& fileName) {
-    Lines lines;
-    for (const ImportRecord::File& file : record.files) {
-        if (file.day != fileName.chopped(3)) continue;
-        if (!file.existed) ++lines[QLatin1String("# ") + file.day];
-        for (const ImportRecord::Added& added : file.added) {
-            for (const auto& [line, count] : linesOf(added.text)) lines[line] += count;
-            lines[QStringLiteral("---")] += 2;
-            ++lines[QStringLiteral("## %1").arg(added.year)];
-        }
-    }
-    return lines;
-}
-
-std::set<int> yearsOfImport(const ImportRecord& record, const QString& fileName) {
-    std::set<int> years;
-    for (const ImportRecord::File& file : record.files) {
-        if (file.day != fileName.chopped(3)) continue;
-        for (const ImportRecord::Added& added : file.added) years.insert(added.year);
-    }
-    return years;
-}
-
 void expectOnlyTheImportIsGone(const QString& before, const QString& after,
                                const ImportRecord& record, const QString& fileName) {
-    const Lines left = linesOf(after);
-    const Lines taken = linesOfImport(record, fileName);
-    for (const auto& [line, count] : linesOf(before)) {
-        const auto found = left.find(line);
-        const auto allowed = taken.find(line);
-        const int missing = count - (found == left.end() ? 0 : found->second);
-        EXPECT_LE(missing, allowed == taken.end() ? 0 : allowed->second)
-            << line.toStdString() << "\nof\n"
-            << before.toStdString() << "\nafter\n"
-            << after.toStdString();
+    for (const auto& [line, count] : fuzz::linesLost(before, after, record, fileName)) {
+        ADD_FAILURE() << count << " of " << line.toStdString() << "\nof\n"
+                      << before.toStdString() << "\nafter\n"
+                      << after.toStdString();
     }
 }
 
@@ -207,7 +160,7 @@ TEST(ImportProperties, AnUndoTakesNothingThatTheUserWrote) {
             if (bytes == imported.at(name)) continue;
             const QString before = QString::fromUtf8(bytes);
             const QString after = QString::fromUtf8(vault.read(name));
-            const std::set<int> years = yearsOfImport(record, name);
+            const std::set<int> years = fuzz::yearsOfImport(record, name);
             expectOnlyTheImportIsGone(before, after, record, name);
             expectOtherYearsStay(before, after, years);
             if (years.empty()) {

@@ -148,6 +148,55 @@ TEST_F(UndoTest, NeverWritesADamagedCopyOverADay) {
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
 }
 
+// The first day is cut and the second stops the undo. What the user wrote in the first says the
+// same as the import did there.
+TEST_F(UndoTest, ASecondTryLeavesAloneWhatTheFirstHasCut) {
+    const QString next = QStringLiteral("01-03.md");
+    m_vault.write(next, "# 01-03\n\n## 2024\n\nold\n");
+    const ImportRecord record =
+        importInto(m_vault.path(), batchOf({entry({2024, 1, 2}, QStringLiteral("imported")),
+                                            entry({2024, 1, 3}, QStringLiteral("imported"))}));
+    const QByteArray mine = "# 01-02\n\n## 2024\n\nimported\n";
+    m_vault.write(kDay, mine + "\nimported\n");
+    const QByteArray imported = m_vault.read(next);
+    m_vault.write(next, "\xFF");
+    const QString journal = importsPath(record, QStringLiteral("/undo.jsonl"));
+    m_vault.write(journal, "{\"day\":\"01-");
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        EXPECT_EQ(failure(record), std::pair(FileOperation::Decode, EILSEQ));
+        EXPECT_EQ(m_vault.read(kDay), mine);
+        EXPECT_EQ(onlyRecord(m_vault.path()), record);
+    }
+    m_vault.write(next, imported);
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
+    EXPECT_EQ(m_vault.read(kDay), mine);
+    EXPECT_FALSE(m_vault.exists(journal));
+}
+
+// The first try told what it would cut, and may have died ahead of it or behind it.
+TEST_F(UndoTest, ASecondTryIsNotSureOfADayThatWasEditedSinceTheFirst) {
+    const ImportRecord record = imported();
+    const QString edited = QString::fromLatin1(kAppended) + QLatin1String("\nimported\n");
+    const QByteArray told =
+        ImportRecord::File{.day = QStringLiteral("01-02"),
+                           .existed = true,
+                           .after = hash(QStringLiteral("# 01-02\n\n## 2024\n\nold\n\nimported\n")),
+                           .before = hash(edited)}
+            .encoded();
+    const QString journal = importsPath(record, QStringLiteral("/undo.jsonl"));
+    m_vault.write(journal, "{\n" + told + "\n{\"day\":\"01-");
+    const QByteArray sinceThen = "# 01-02\n\n## 2024\n\nold\n\nimported\n\nmore\n";
+    m_vault.write(kDay, sinceThen);
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kNotFound);
+    EXPECT_EQ(m_vault.read(kDay), sinceThen);
+    // A day that is as it was ahead of the first try is cut now.
+    m_vault.write(journal, "{\n" + told + "\n{\"day\":\"01-");
+    m_vault.write(kDay, edited.toUtf8());
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kEdited);
+    EXPECT_EQ(m_vault.read(kDay), "# 01-02\n\n## 2024\n\nold\n\nimported\n");
+    EXPECT_FALSE(m_vault.exists(journal));
+}
+
 TEST_F(UndoTest, StopsAtARecordThatContradictsItself) {
     ImportRecord record = imported();
     record.files[0].existed = false;

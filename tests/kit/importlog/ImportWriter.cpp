@@ -1,6 +1,6 @@
 // A program that imports and undoes, for tests of several processes and of sudden ends:
 // import_writer <vault> apply <source> <days> <text>: one entry a day, from 1 January 2024 on;
-// import_writer <vault> undo: the newest import. Each prints how far it came.
+// import_writer <vault> undo, … keep: the newest import. Each prints how far it came.
 #include <QtCore/QCoreApplication>
 #include <cstdio>
 #include <exception>
@@ -34,12 +34,18 @@ int apply(const QString& vault, const QStringList& words) {
     return 0;
 }
 
-int undo(const QString& vault) {
+int settle(const QString& vault, const QString& way) {
     const QDateTime now = QDateTime::fromSecsSinceEpoch(1'700'000'100, Qt::UTC);
     const std::vector<ImportRecord> all = ImportLog::records(vault, now);
     if (all.empty()) return 3;
-    ImportLog::undo(all.front(), vault, now);
-    std::puts("undone");
+    if (way == u"undo") {
+        ImportLog::undo(all.front(), vault, now);
+    } else if (way == u"keep") {
+        ImportLog::markDone(all.front(), vault);
+    } else {
+        return 2;
+    }
+    std::puts("settled");
     return 0;
 }
 
@@ -47,8 +53,7 @@ int run(const QStringList& arguments) {
     if (arguments.size() == 6 && arguments[2] == u"apply") {
         return apply(arguments[1], arguments.mid(3));
     }
-    if (arguments.size() == 3 && arguments[2] == u"undo") return undo(arguments[1]);
-    return 2;
+    return arguments.size() == 3 ? settle(arguments[1], arguments[2]) : 2;
 }
 
 }  // namespace
