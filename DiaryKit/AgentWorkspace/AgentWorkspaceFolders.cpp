@@ -47,7 +47,7 @@ QString makeFolder(const QString& name, const QString& parent, const QDateTime& 
 }
 
 QString makeSubfolder(const QString& folder, const QString& name) {
-    const QString path = QDir(folder).filePath(name);
+    QString path = QDir(folder).filePath(name);
     atomicfile::makeFolder(path);
     return path;
 }
@@ -55,8 +55,8 @@ QString makeSubfolder(const QString& folder, const QString& name) {
 // Copies what stands at `from`, whatever its size, without reading it into memory. Links inside a
 // folder stay links, so that none can lead the copy in circles; pipes and devices hold no text and
 // stay behind. Folders get this user's usual mode: into a copy of a read-only folder nothing could
-// be written. `except` is left out: the workspace
-// itself, where it is made inside the very folder that is copied.
+// be written. `except`, the workspace itself, is left out where it is made inside the very folder
+// that is copied.
 void copyTree(const QString& from, const QString& to, const QString& except) {
     fs::path failed = native(from);
     try {
@@ -100,7 +100,7 @@ void writeGuides(const QString& spec, const QString& folder, Language language) 
 QString createImport(const QString& source, const QString& appName, const QString& parent,
                      Language language, const QTimeZone& timeZone, const QDateTime& date) {
     const Names& inner = names(language);
-    const QString folder = makeFolder(inner.importFolder, parent, date);
+    QString folder = makeFolder(inner.importFolder, parent, date);
     const QString copies = makeSubfolder(folder, inner.source);
     makeSubfolder(folder, inner.output);
     const QString name = QFileInfo(QDir::cleanPath(source)).fileName();
@@ -112,7 +112,7 @@ QString createImport(const QString& source, const QString& appName, const QStrin
 QString createExport(const QString& vault, Target target, const QString& parent, Language language,
                      const QTimeZone& timeZone, const QDateTime& date) {
     const Names& inner = names(language);
-    const QString folder = makeFolder(inner.exportFolder, parent, date);
+    QString folder = makeFolder(inner.exportFolder, parent, date);
     const QString copies = makeSubfolder(folder, inner.diary);
     makeSubfolder(folder, inner.output);
     for (const MonthDay& day : dayfile::dayFiles(vault)) {

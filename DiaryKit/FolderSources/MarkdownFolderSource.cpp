@@ -5,6 +5,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <algorithm>
+#include <cstdlib>
 
 #include "DiaryKit/Import/ImportError.h"
 
@@ -24,22 +25,25 @@ std::optional<QString> rootFolder(const ImportPackage& package) {
     return package.isFolder() ? package.url() : QFileInfo(package.url()).path();
 }
 
+// A pattern of our own. One that isn't valid is a fault of the program.
+NotePathPattern fixedPattern(const QString& expression) {
+    std::optional<NotePathPattern> pattern = NotePathPattern::compiled(expression);
+    if (!pattern) std::abort();
+    return *std::move(pattern);
+}
+
 const std::vector<NotePathPattern>& commonPatterns() {
     static const std::vector<NotePathPattern> patterns = {
         // A date anywhere in the name, the year as a folder, and eight digits as the name.
-        NotePathPattern::compiled(u"(?<y>\\d{4})[-_.](?<m>\\d{2})[-_.](?<d>\\d{2})(?!\\d)[^/]*$"_s)
-            .value(),
-        NotePathPattern::compiled(u"(?:^|/)(?<y>\\d{4})/(?<m>\\d{2})[-/](?<d>\\d{2})\\.\\w+$"_s)
-            .value(),
-        NotePathPattern::compiled(u"(?:^|/)(?<y>\\d{4})(?<m>\\d{2})(?<d>\\d{2})(?:\\.\\w+)?$"_s)
-            .value(),
+        fixedPattern(u"(?<y>\\d{4})[-_.](?<m>\\d{2})[-_.](?<d>\\d{2})(?!\\d)[^/]*$"_s),
+        fixedPattern(u"(?:^|/)(?<y>\\d{4})/(?<m>\\d{2})[-/](?<d>\\d{2})\\.\\w+$"_s),
+        fixedPattern(u"(?:^|/)(?<y>\\d{4})(?<m>\\d{2})(?<d>\\d{2})(?:\\.\\w+)?$"_s),
     };
     return patterns;
 }
 
 bool isDiarlyNote(const QString& path) {
-    static const NotePathPattern pattern =
-        NotePathPattern::compiled(u"/\\d{4}/\\d{2}-\\d{2}\\.md$"_s).value();
+    static const NotePathPattern pattern = fixedPattern(u"/\\d{4}/\\d{2}-\\d{2}\\.md$"_s);
     return pattern.matches(path);
 }
 
@@ -56,7 +60,8 @@ std::optional<NotePathPattern> obsidianFormat(const ImportPackage& package) {
     const std::optional<QString> root = rootFolder(package);
     if (!root) return std::nullopt;
     QFile file(*root + u"/.obsidian/daily-notes.json"_s);
-    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    // Opening a pipe would wait for somebody to write into it.
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
     const QJsonDocument document = QJsonDocument::fromJson(file.read(kLargest));
     if (!document.isObject()) return std::nullopt;
     const QString format = document["format"_L1].toString();

@@ -1,6 +1,7 @@
 #include "DiaryKit/FolderSources/MarkdownFolderSource.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "DiaryKit/Import/ImportError.h"
 #include "tests/kit/import/ZipBuilder.h"
@@ -53,6 +54,14 @@ TEST_F(MarkdownFolder, WithBrokenSettingsLosesOnlyTheirPattern) {
         files.write(QStringLiteral("2021-03-04.md"), "x");
         EXPECT_EQ(read().entries.size(), 1U) << settings;
     }
+}
+
+TEST_F(MarkdownFolder, DoesntWaitForSettingsThatAreAPipe) {
+    files.write(QStringLiteral("2021-03-04.md"), "x");
+    ASSERT_TRUE(QDir().mkpath(files.filePath(QStringLiteral(".obsidian"))));
+    const QString settings = files.filePath(QStringLiteral(".obsidian/daily-notes.json"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(settings).constData(), 0600), 0);
+    EXPECT_EQ(read().entries.size(), 1U);
 }
 
 TEST_F(MarkdownFolder, TellsItsFlavorByItsPaths) {

@@ -1,12 +1,11 @@
 #include "DiaryKit/FolderSources/MarkdownNote.h"
 
 #include <gtest/gtest.h>
-#include <unicode/regex.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>
 
-#include "DiaryKit/Import/HTMLToMarkdown.h"
+#include "tests/kit/foldersources/PatternCleaning.h"
 #include "tests/support/Printing.h"
 
 namespace diary {
@@ -79,44 +78,6 @@ TEST(NoteTitle, GoesIfItOnlyRepeatsTheDate) {
     EXPECT_EQ(dropDateTitle(s("2021-03-04\nx")), s("2021-03-04\nx"));
 }
 
-// The rules as regular expressions, on ICU's engine.
-QString replaced(const QString& text, const char* pattern, const char* replacement, uint32_t flags,
-                 int& count) {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeString input(reinterpret_cast<const char16_t*>(text.utf16()),
-                                   static_cast<int32_t>(text.size()));
-    icu::RegexMatcher matcher(icu::UnicodeString::fromUTF8(pattern), input, flags, status);
-    while (matcher.find()) ++count;
-    matcher.reset();
-    const icu::UnicodeString result =
-        matcher.replaceAll(icu::UnicodeString::fromUTF8(replacement), status);
-    EXPECT_TRUE(U_SUCCESS(status));
-    return QString::fromUtf16(result.getBuffer(), result.length());
-}
-
-Cleaned cleanedByExpressions(QString text, Flavor flavor) {
-    Cleaned cleaned;
-    int ignored = 0;
-    text = replaced(text,
-                    "!\\[\\[[^\\]]+\\.(?:png|jpe?g|gif|heic|webp|svg|bmp|tiff?|mp4|mov|m4a|mp3|pdf)"
-                    "(?:\\|[^\\]]*)?\\]\\]",
-                    "", UREGEX_CASE_INSENSITIVE, cleaned.removed);
-    text = replaced(text, "!\\[\\[([^\\]]+)\\]\\]", "[[$1]]", 0, ignored);
-    text = replaced(text, "!\\[[^\\]]*\\]\\([^)]*\\)(?:\\{[^}]*\\})?", "", 0, cleaned.removed);
-    if (flavor == Flavor::diarly) {
-        text = replaced(text, "::([^:\\n]+)::", "**$1**", 0, ignored);
-        text = replaced(text, "__([^_\\n]+)__", "$1", 0, ignored);
-        text = replaced(text, "(?<!~)~([^~\\n]+)~(?!~)", "~~$1~~", 0, ignored);
-    } else if (flavor == Flavor::logseq) {
-        text = replaced(text,
-                        "^\\s*(?:-\\s+)?(?:id|collapsed|heading|background-color|card-[a-z-]+)::"
-                        ".*$",
-                        "", UREGEX_MULTILINE, ignored);
-    }
-    cleaned.text = HTMLToMarkdown::tidy(text);
-    return cleaned;
-}
-
 TEST(NoteBody, IsWhatTheRulesAsRegularExpressionsMake) {
     static const QStringList pieces = {
         s("![["),    s("]]"),     s("!["),    s("]"),          s("("),
@@ -136,10 +97,8 @@ TEST(NoteBody, IsWhatTheRulesAsRegularExpressionsMake) {
         }
         const auto flavor = static_cast<Flavor>(random.bounded(4));
         const Cleaned cleaned = clean(text, flavor);
-        const Cleaned expected = cleanedByExpressions(text, flavor);
-        ASSERT_EQ(cleaned.text, expected.text)
+        ASSERT_EQ(std::optional(cleaned), test::cleanedByPatterns(text, flavor))
             << text.toStdString() << " of flavor " << static_cast<int>(flavor);
-        ASSERT_EQ(cleaned.removed, expected.removed) << text.toStdString();
     }
 }
 

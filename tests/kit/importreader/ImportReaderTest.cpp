@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QtCore/QFile>
+#include <ctime>
 
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Import/ImportError.h"
+#include "tests/kit/import/PeakMemory.h"
 #include "tests/kit/import/ZipBuilder.h"
 #include "tests/support/Printing.h"
 #include "tests/support/TemporaryVault.h"
@@ -178,7 +180,7 @@ TEST_F(Recognition, GivesASourceWithoutEntriesAsItIs) {
 }
 
 TEST_F(Recognition, PassesOnWhatGoesWrong) {
-    EXPECT_THROW(read(QStringLiteral("gone.txt")), FileError);
+    EXPECT_THROW((void)read(QStringLiteral("gone.txt")), FileError);
     files.write(QStringLiteral("torn.zip"), QByteArray("PK\3\4 torn", 9));
     try {
         const ImportBatch batch = read(QStringLiteral("torn.zip"));
@@ -199,6 +201,54 @@ TEST_F(Recognition, ObeysItsOptions) {
     options.moodLabels = {{QStringLiteral("good"), QStringLiteral("好")}};
     EXPECT_TRUE(
         read(QStringLiteral("moods.csv")).entries.at(0).body.startsWith(QStringLiteral("**好**")));
+}
+
+// The processor's time and the memory that reading takes, in seconds and bytes.
+struct Cost {
+    double seconds;
+    qint64 peak;
+};
+
+class ManyNotes : public Recognition {
+protected:
+    // Reads all of them twice, so that what is made once is made by then.
+    [[nodiscard]] Cost cost(const QString& name, std::size_t notes) const {
+        EXPECT_EQ(read(name).entries.size(), notes);
+        const std::clock_t start = std::clock();
+        EXPECT_EQ(read(name).entries.size(), notes);
+        return {static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC,
+                diary::testing::peakMemory()};
+    }
+    static QByteArray path(int number) {
+        return QByteArray::number(number / 100) + "/2021-03-04 " + QByteArray::number(number) +
+               ".md";
+    }
+    [[nodiscard]] QString folderOf(int notes) const {
+        QString name = QString::number(notes);
+        for (int i = 0; i < notes; ++i) files.write(name + u'/' + QString::fromUtf8(path(i)), "x");
+        return name;
+    }
+    [[nodiscard]] QString zipOf(int notes) const {
+        QString name = QStringLiteral("%1.zip").arg(notes);
+        ZipBuilder archive;
+        for (int i = 0; i < notes; ++i) archive.add(ZipBuilder::stored(path(i), "x"));
+        files.write(name, archive.zip64Bytes());
+        return name;
+    }
+};
+
+TEST_F(ManyNotes, InAFolderAreReadInLinearTime) {
+    const Cost few = cost(folderOf(1000), 1000);
+    const Cost many = cost(folderOf(4000), 4000);
+    EXPECT_LT(many.seconds, 8 * few.seconds + 0.05);
+    EXPECT_LT(many.peak, diary::testing::kMostMemory);
+}
+
+TEST_F(ManyNotes, InAZipAreReadInLinearTimeBeyondWhatItsCountCanTell) {
+    const Cost few = cost(zipOf(17'500), 17'500);
+    const Cost many = cost(zipOf(70'000), 70'000);
+    EXPECT_LT(many.seconds, 8 * few.seconds + 0.05);
+    EXPECT_LT(many.peak, diary::testing::kMostMemory);
 }
 
 }  // namespace
