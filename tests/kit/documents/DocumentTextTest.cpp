@@ -179,10 +179,15 @@ TEST(DocumentTool, aProgramThatTakesTooLongIsEndedWithWhatItStarted) {
     EXPECT_EQ(documents::output(run), std::nullopt);
     QFile pid(folder.path(QStringLiteral("pid")));
     ASSERT_TRUE(pid.open(QIODevice::ReadOnly));
-    // Gone, or waiting for whoever reaps it.
-    QFile state(QStringLiteral("/proc/") + QString::fromLatin1(pid.readAll().trimmed()) +
-                QStringLiteral("/stat"));
-    EXPECT_TRUE(!state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z "));
+    const QString path = QStringLiteral("/proc/") + QString::fromLatin1(pid.readAll().trimmed()) +
+                         QStringLiteral("/stat");
+    // Gone, or waiting for whoever reaps it; a killed process takes a moment to die.
+    const auto isGone = [&] {
+        QFile state(path);
+        return !state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z ");
+    };
+    for (int look = 0; look < 200 && !isGone(); ++look) QThread::msleep(10);
+    EXPECT_TRUE(isGone());
 }
 
 TEST(DocumentTool, outputWithoutEndIsRefused) {

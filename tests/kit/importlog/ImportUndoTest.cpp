@@ -194,6 +194,7 @@ TEST_F(UndoTest, ASecondTryIsNotSureOfADayThatWasEditedSinceTheFirst) {
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kNotFound);
     EXPECT_EQ(m_vault.read(kDay), sinceThen);
     // A day that is as it was ahead of the first try is cut now.
+    m_vault.write(importsPath(record, QStringLiteral(".json")), record.encoded());
     m_vault.write(journal, "{\n" + told + "\n{\"day\":\"01-");
     m_vault.write(kDay, edited.toUtf8());
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kEdited);
