@@ -1,5 +1,6 @@
 #include "DiaryKit/Documents/DocumentText.h"
 
+#include <QtCore/QThread>
 #include <array>
 
 #include "DiaryKit/Documents/DocumentTool.h"
