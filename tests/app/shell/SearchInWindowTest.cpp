@@ -65,6 +65,14 @@ TEST_F(SearchInWindowTest, TheKeysWalkTheHitsAndReturnOpensTheOne) {
     EXPECT_EQ(settings.recentSearches(), QStringList(QStringLiteral("canal")));
 }
 
+TEST_F(SearchInWindowTest, ReturnRightBehindTheLastLetterOpensWhatItFinds) {
+    QTest::keyClicks(field(), QStringLiteral("may"));
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_TRUE(waitUntil([&] { return editor()->hasFocus(); }));
+    EXPECT_EQ(controller->session().currentMonthDay(), (diary::MonthDay{5, 1}));
+    EXPECT_EQ(editor()->selection(), (diary::TextRange{13, 0}));
+}
+
 TEST_F(SearchInWindowTest, StepsThroughTheMatchesOfTheOpenHit) {
     find(QStringLiteral("canal"));
     QTest::keyClick(field(), Qt::Key_Down);
