@@ -108,9 +108,8 @@ private:
     // A table of something else goes through as text.
     [[nodiscard]] ImportBatch csvFile(const QString& path) const {
         const QString text = m_package.text(path);
-        return DaylioSource::isCSV(text)
-                   ? DaylioSource::readCSV(text, m_name, m_options.moodLabels)
-                   : DatedTextSplit::split(text, m_name, m_options.split);
+        return DaylioSource::isCSV(text) ? DaylioSource::readCSV(text, m_name, m_options.moodLabels)
+                                         : DatedTextSplit::split(text, m_name, m_options.split);
     }
 
     [[nodiscard]] std::optional<ImportBatch> daylioTable() const {
@@ -119,8 +118,7 @@ private:
         if (tables.isEmpty() || !DaylioSource::isCSV(m_package.head(tables.first(), kHead))) {
             return std::nullopt;
         }
-        return DaylioSource::readCSV(m_package.text(tables.first()), m_name,
-                                     m_options.moodLabels);
+        return DaylioSource::readCSV(m_package.text(tables.first()), m_name, m_options.moodLabels);
     }
 
     // So that a zip with one document in it reads as the document.

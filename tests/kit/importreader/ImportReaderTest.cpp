@@ -197,7 +197,8 @@ TEST_F(Recognition, ObeysItsOptions) {
     EXPECT_EQ(ImportReader::read(text, QStringLiteral("n"), {}).entries.size(), 0U);
     files.write(QStringLiteral("moods.csv"), kDaylioTable);
     options.moodLabels = {{QStringLiteral("good"), QStringLiteral("好")}};
-    EXPECT_TRUE(read(QStringLiteral("moods.csv")).entries.at(0).body.startsWith(QStringLiteral("**好**")));
+    EXPECT_TRUE(
+        read(QStringLiteral("moods.csv")).entries.at(0).body.startsWith(QStringLiteral("**好**")));
 }
 
 }  // namespace
