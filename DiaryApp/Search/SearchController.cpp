@@ -33,7 +33,7 @@ void SearchController::showSearch() {
     if (!m_session) {
         m_session.emplace();
         m_session->query = m_lastSearchQuery;
-        takeContentYears();
+        takeContentYears(*m_session);
         m_session->generation = ++m_generation;
         call(m_host.renderSidebar);
         call(m_host.switchSidebar, true);
@@ -50,16 +50,16 @@ void SearchController::showSearch() {
     searchQueryChanged(*m_host.scriptedQuery, Run::Immediately);
 }
 
-void SearchController::takeContentYears() {
+void SearchController::takeContentYears(SearchSession& session) {
     const std::optional<std::vector<int>> years = ask(m_host.contentYears);
     m_needsContentYears = !years;
-    m_session->years = years.value_or(std::vector<int>());
-    std::ranges::sort(m_session->years, std::greater());
+    session.years = years.value_or(std::vector<int>());
+    std::ranges::sort(session.years, std::greater());
 }
 
 void SearchController::contentYearsBecameKnown() {
     if (!m_session || !m_needsContentYears) return;
-    takeContentYears();
+    takeContentYears(*m_session);
     call(m_host.renderSidebar);
 }
 

@@ -79,7 +79,7 @@ public:
     [[nodiscard]] std::map<int, int> railHits(const diary::MonthDay& day) const;
 
 private:
-    void takeContentYears();
+    void takeContentYears(SearchSession& session);
     void askAnew();
     void runSearch();
     void searchFinished(diary::SearchResult result, const QStringList& terms, int request);
