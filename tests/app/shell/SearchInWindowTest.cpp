@@ -159,6 +159,18 @@ TEST_F(SearchInWindowTest, AnAnswerThatComesWhileSomeoneWritesTurnsNoPage) {
     EXPECT_EQ(editor()->draft(), u"Dear diary, today was long");
 }
 
+TEST_F(SearchInWindowTest, AnAnswerTurnsNoPageWhileTheWriterIsInAnotherWindow) {
+    controller->perform(Action::Today);
+    QTest::keyClicks(field(), QStringLiteral("bread"));
+    editor()->setFocus();
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    ASSERT_FALSE(editor()->hasFocus());
+    ASSERT_TRUE(waitUntil([&] { return search().session()->result.has_value(); }));
+    EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay());
+}
+
 TEST_F(SearchInWindowTest, ReturnOpensTheYearOutOfAllYearsAndOutOfTheSource) {
     find(QStringLiteral("bread"));
     controller->perform(Action::AllYears);
