@@ -33,11 +33,14 @@ void SearchController::showSearch() {
     if (!m_session) {
         m_session.emplace();
         m_session->query = m_lastSearchQuery;
-        takeContentYears();
+        takeContentYears(*m_session);
         m_session->generation = ++m_generation;
         call(m_host.renderSidebar);
         call(m_host.switchSidebar, true);
-        if (!m_session->query.isEmpty()) runSearch();
+        if (!m_session->query.isEmpty()) {
+            askAnew();
+            runSearch();
+        }
     }
     call(m_host.focusField, FieldCaret::SelectAll);
     if (!m_host.scriptedQuery) return;
@@ -47,16 +50,16 @@ void SearchController::showSearch() {
     searchQueryChanged(*m_host.scriptedQuery, Run::Immediately);
 }
 
-void SearchController::takeContentYears() {
+void SearchController::takeContentYears(SearchSession& session) {
     const std::optional<std::vector<int>> years = ask(m_host.contentYears);
     m_needsContentYears = !years;
-    m_session->years = years.value_or(std::vector<int>());
-    std::ranges::sort(m_session->years, std::greater());
+    session.years = years.value_or(std::vector<int>());
+    std::ranges::sort(session.years, std::greater());
 }
 
 void SearchController::contentYearsBecameKnown() {
     if (!m_session || !m_needsContentYears) return;
-    takeContentYears();
+    takeContentYears(*m_session);
     call(m_host.renderSidebar);
 }
 
@@ -64,6 +67,8 @@ void SearchController::exitSearch() {
     if (!m_session) return;
     m_searchDebounce->stop();
     ++m_searchRequest;
+    m_isAnswerDue = false;
+    m_openWhenFound.reset();
     m_lastSearchQuery = m_session->query;
     m_session.reset();
     call(m_host.switchSidebar, false);
@@ -76,6 +81,7 @@ void SearchController::exitSearch() {
 
 void SearchController::searchQueryChanged(const QString& text, Run run) {
     if (!m_session) return;
+    askAnew();
     m_session->query = text;
     m_lastSearchQuery = text;
     m_searchDebounce->stop();
@@ -84,6 +90,12 @@ void SearchController::searchQueryChanged(const QString& text, Run run) {
     } else {
         m_searchDebounce->start(searchDelay, [this] { runSearch(); });
     }
+}
+
+// The question is another one; what is shown answers it no more.
+void SearchController::askAnew() {
+    m_isAnswerDue = true;
+    m_openWhenFound.reset();
 }
 
 void SearchController::runSearch() {
@@ -102,6 +114,7 @@ void SearchController::runSearch() {
 }
 
 void SearchController::clearResult(SearchSession& session) {
+    m_isAnswerDue = false;
     session.result.reset();
     session.terms.clear();
     session.selected.reset();
@@ -127,11 +140,12 @@ void SearchController::searchFinished(diary::SearchResult result, const QStringL
     m_session->isSearching = false;
     m_session->generation = ++m_generation;
     m_session->currentMatch = 0;
-    if (m_session->selected && !ask(m_host.isWriting)) {
-        showHit(*m_session->selected, HitFocus::Unchanged);
-    } else {
-        renderAround();
-    }
+    // It may still be the answer to what the line was a key ago.
+    m_isAnswerDue = m_searchDebounce->isArmed();
+    const std::optional<OpenHit> as = std::exchange(m_openWhenFound, std::nullopt);
+    if (!m_session->selected || ask(m_host.isWriting)) return renderAround();
+    showHit(*m_session->selected, HitFocus::Unchanged);
+    if (as) openSelected(*as);
 }
 
 std::optional<int> SearchController::hitInView(const std::vector<diary::SearchHit>& hits) const {
@@ -237,6 +251,7 @@ std::map<int, int> SearchController::railHits(const diary::MonthDay& day) const 
 
 void SearchController::setScope(std::optional<int> year) {
     if (!m_session) return;
+    askAnew();
     m_session->scope = year;
     runSearch();
     call(m_host.focusField, FieldCaret::AtEnd);
@@ -249,7 +264,13 @@ void SearchController::move(int delta) {
 }
 
 void SearchController::openSelected(OpenHit as) {
-    if (!m_session || !m_session->selected) return;
+    if (!m_session) return;
+    if (m_searchDebounce->isArmed()) runSearch();
+    if (m_isAnswerDue) {
+        m_openWhenFound = as;
+        return;
+    }
+    if (!m_session->selected) return;
     const int selected = *m_session->selected;
     call(m_host.rememberSearch, m_session->query);
     if (as == OpenHit::AllYears) {

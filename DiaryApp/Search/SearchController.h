@@ -49,6 +49,8 @@ public:
     void select(int index) { showHit(index, HitFocus::Unchanged); }
     // To the next (1) or previous (-1) hit, around the ends.
     void move(int delta);
+    // Where the line or the year is newer than the hits, the answer is asked for at once and opened
+    // when it comes: whoever types fast presses Return ahead of it.
     void openSelected(OpenHit as);
     // Clears a line with text; leaves the search where there is none.
     void escape();
@@ -77,7 +79,8 @@ public:
     [[nodiscard]] std::map<int, int> railHits(const diary::MonthDay& day) const;
 
 private:
-    void takeContentYears();
+    void takeContentYears(SearchSession& session);
+    void askAnew();
     void runSearch();
     void searchFinished(diary::SearchResult result, const QStringList& terms, int request);
     void showHit(int index, HitFocus focus);
@@ -98,6 +101,10 @@ private:
     int m_searchRequest = 0;
     int m_generation = 0;
     bool m_needsContentYears = false;
+    // The line or the year was changed, and what it finds isn't here yet.
+    bool m_isAnswerDue = false;
+    // How to open what is found then.
+    std::optional<OpenHit> m_openWhenFound;
 };
 
 }  // namespace velmar

@@ -50,6 +50,11 @@ void MainWindow::addFocusKeys() {
     connect(next, &QShortcut::activated, this, [this] { focusNextPane(1); });
     const auto* previous = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
     connect(previous, &QShortcut::activated, this, [this] { focusNextPane(-1); });
+    // What opens the menus everywhere on this desktop; Qt itself knows Alt alone.
+    const auto* menus = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    connect(menus, &QShortcut::activated, this, [this] {
+        if (m_menuBar != nullptr) m_menuBar->setActiveAction(m_menuBar->actions().constFirst());
+    });
 }
 
 void MainWindow::focusNextPane(int step) {

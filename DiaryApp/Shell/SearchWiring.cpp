@@ -66,7 +66,10 @@ void SearchWiring::addPage(SearchHost& host) {
     };
     host.showYear = [page](int year) { page->showYear(year); };
     host.clearHighlights = [page] { page->clearHighlights(); };
-    host.isWriting = [page] { return page->showsEditor() && page->editor()->hasFocus(); };
+    // Also while another window is in front: the keys come back to where they were.
+    host.isWriting = [this, page] {
+        return page->showsEditor() && m_window.focusWidget() == page->editor();
+    };
     host.leaveSource = [this] {
         if (m_session.showSource()) m_session.toggleSourceView();
     };

@@ -9,8 +9,8 @@ namespace velmar {
 
 void VaultFacts::begin(const FirstScan& scan) {
     if (!scan.valid()) return lookAgain();
-    const auto adopt = [this](const diary::ArchiveScan& found) {
-        const int before = m_store.revision();
+    // What is written until the scan's end may stand behind it, and counts as new.
+    const auto adopt = [this, before = m_store.revision()](const diary::ArchiveScan& found) {
         m_store.adopt(found);
         take(found.snapshot, before + 1);
     };

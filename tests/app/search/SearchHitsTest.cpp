@@ -110,6 +110,81 @@ TEST_F(SearchHitsTest, ReturnOpensTheHitAtItsFirstMatchAndRemembersTheLine) {
     EXPECT_TRUE(controller->isOpen());
 }
 
+TEST_F(SearchHitsTest, ReturnAheadOfTheAnswerOpensWhatItFinds) {
+    controller->showSearch();
+    search(QStringLiteral("rain"));
+    ASSERT_EQ(year, 2025);
+    type(QStringLiteral("boat"));
+    controller->openSelected(OpenHit::OneYear);
+    EXPECT_EQ(started.back().query.terms, QStringList(QStringLiteral("boat"))) << "at once";
+    EXPECT_THAT(calls, Not(Contains(QStringLiteral("focusEditor")))) << "the old hit isn't meant";
+    EXPECT_THAT(remembered, IsEmpty());
+    const std::size_t searches = started.size();
+    answer();
+    EXPECT_EQ(day, (MonthDay{10, 2}));
+    EXPECT_EQ(calls.last(), QStringLiteral("focusEditor"));
+    EXPECT_THAT(remembered, ElementsAre(QStringLiteral("boat")));
+    timers.advance(SearchController::searchDelay);
+    EXPECT_EQ(started.size(), searches) << "and no second time";
+}
+
+TEST_F(SearchHitsTest, ReturnAheadOfTheAnswerOpensAllYearsOfWhatItFinds) {
+    controller->showSearch();
+    type(QStringLiteral("boat"));
+    controller->openSelected(OpenHit::AllYears);
+    answer();
+    EXPECT_EQ(day, (MonthDay{10, 2}));
+    EXPECT_TRUE(allYears);
+}
+
+TEST_F(SearchHitsTest, ReturnAheadOfTheAnswerIsForgottenWithTheNextKey) {
+    controller->showSearch();
+    type(QStringLiteral("boat"));
+    controller->openSelected(OpenHit::OneYear);
+    type(QStringLiteral("boats"));
+    answer();
+    search(QStringLiteral("canal"));
+    EXPECT_THAT(calls, Not(Contains(QStringLiteral("focusEditor"))));
+}
+
+TEST_F(SearchHitsTest, ReturnOpensNoHitOfTheLineBefore) {
+    controller->showSearch();
+    type(QStringLiteral("boat"));
+    timers.advance(SearchController::searchDelay);
+    type(QStringLiteral("canal"));
+    answer();
+    ASSERT_EQ(day, (MonthDay{10, 2})) << "the last line's hit shows until the next one's is found";
+    controller->openSelected(OpenHit::OneYear);
+    EXPECT_THAT(calls, Not(Contains(QStringLiteral("focusEditor"))));
+    answer();
+    EXPECT_EQ(remembered, QStringList(QStringLiteral("canal")));
+}
+
+TEST_F(SearchHitsTest, ReturnAheadOfTheAnswerTurnsNoPageOnceSomeoneWrites) {
+    SearchHost writing = host();
+    bool isWriting = false;
+    writing.isWriting = [&] { return isWriting; };
+    controller = std::make_unique<SearchController>(writing, timers.maker());
+    controller->showSearch();
+    type(QStringLiteral("boat"));
+    controller->openSelected(OpenHit::OneYear);
+    isWriting = true;
+    answer();
+    EXPECT_EQ(day, (MonthDay{11, 21}));
+    EXPECT_THAT(calls, Not(Contains(QStringLiteral("focusEditor"))));
+}
+
+TEST_F(SearchHitsTest, ReturnInAnEmptyLineIsNothing) {
+    controller->showSearch();
+    controller->openSelected(OpenHit::OneYear);
+    search(QStringLiteral("canal"));
+    controller->searchQueryChanged(QString(), SearchController::Run::AfterPause);
+    controller->openSelected(OpenHit::OneYear);
+    EXPECT_FALSE(session().result) << "the line asks for nothing any more";
+    EXPECT_THAT(calls, Not(Contains(QStringLiteral("focusEditor"))));
+    EXPECT_THAT(remembered, IsEmpty());
+}
+
 TEST_F(SearchHitsTest, AHitOfADateAloneOpensWithoutASelection) {
     controller->showSearch();
     search(QStringLiteral("11-21"));

@@ -78,6 +78,23 @@ TEST_F(AppDelegateTest, AnotherVaultTakesThePlaceOfTheFirstWhichIsSaved) {
     EXPECT_TRUE(delegate.mainWindowController()->window()->isVisible());
 }
 
+TEST_F(AppDelegateTest, AnAnswerFromTheOldVaultTurnsNoPageOfTheNewOne) {
+    write(QStringLiteral("05-01"), 2020, QStringLiteral("The canal in May."));
+    MainWindowController* old = delegate.mainWindowController();
+    old->perform(Action::Find);
+    old->search().searchQueryChanged(QStringLiteral("canal"), SearchController::Run::Immediately);
+    settings.setVaultPath(otherVault.path());
+    preferences().onVaultChanged();
+    ASSERT_NE(delegate.mainWindowController(), old);
+    // The answer, and the old vault's looks, come while both windows are still there, or later.
+    QTest::qWait(100);
+    EXPECT_EQ(session().currentMonthDay(), today.monthDay());
+    EXPECT_EQ(session().viewedYear(), today.year);
+    EXPECT_FALSE(delegate.mainWindowController()->search().isOpen());
+    EXPECT_EQ(text()->draft(), QString());
+    EXPECT_EQ(onDisk(QStringLiteral("05-01"), 2020), u"The canal in May.");
+}
+
 TEST_F(AppDelegateTest, AVaultThatCannotBeSavedToIsLeftWithItsDraftKept) {
     QDir().mkpath(vault.filePath(day() + QLatin1String(".md")));
     const diary::KeptTexts kept = session().store().keptTexts();

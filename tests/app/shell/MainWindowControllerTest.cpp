@@ -3,6 +3,7 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtTest/QTest>
+#include <QtWidgets/QMenuBar>
 
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Chrome/AlertSheet.h"
@@ -134,6 +135,18 @@ TEST_F(MainWindowControllerTest, LeadsFromPaneToPaneByF6) {
     EXPECT_EQ(window()->focusWidget(), editor());
     QTest::keyClick(editor(), Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_TRUE(isIn(window()->sidebar()));
+}
+
+TEST_F(MainWindowControllerTest, OpensTheFirstMenuByF10) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    QTest::keyClick(editor(), Qt::Key_F10);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu, window()->menuBar()->actions().constFirst()->menu());
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(window()->menuBar(), Qt::Key_Escape);
+    EXPECT_EQ(window()->focusWidget(), editor());
 }
 
 TEST_F(MainWindowControllerTest, KeepsADraftAtOnceWhenItsSaveFailsAtTheEnd) {

@@ -65,6 +65,14 @@ TEST_F(SearchInWindowTest, TheKeysWalkTheHitsAndReturnOpensTheOne) {
     EXPECT_EQ(settings.recentSearches(), QStringList(QStringLiteral("canal")));
 }
 
+TEST_F(SearchInWindowTest, ReturnRightBehindTheLastLetterOpensWhatItFinds) {
+    QTest::keyClicks(field(), QStringLiteral("may"));
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_TRUE(waitUntil([&] { return editor()->hasFocus(); }));
+    EXPECT_EQ(controller->session().currentMonthDay(), (diary::MonthDay{5, 1}));
+    EXPECT_EQ(editor()->selection(), (diary::TextRange{13, 0}));
+}
+
 TEST_F(SearchInWindowTest, StepsThroughTheMatchesOfTheOpenHit) {
     find(QStringLiteral("canal"));
     QTest::keyClick(field(), Qt::Key_Down);
@@ -149,6 +157,18 @@ TEST_F(SearchInWindowTest, AnAnswerThatComesWhileSomeoneWritesTurnsNoPage) {
     QTest::keyClicks(editor(), QStringLiteral(" was long"));
     EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay());
     EXPECT_EQ(editor()->draft(), u"Dear diary, today was long");
+}
+
+TEST_F(SearchInWindowTest, AnAnswerTurnsNoPageWhileTheWriterIsInAnotherWindow) {
+    controller->perform(Action::Today);
+    QTest::keyClicks(field(), QStringLiteral("bread"));
+    editor()->setFocus();
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    ASSERT_FALSE(editor()->hasFocus());
+    ASSERT_TRUE(waitUntil([&] { return search().session()->result.has_value(); }));
+    EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay());
 }
 
 TEST_F(SearchInWindowTest, ReturnOpensTheYearOutOfAllYearsAndOutOfTheSource) {

@@ -90,6 +90,17 @@ TEST_F(VaultFactsTest, LookOnceMoreForWhatIsWrittenDuringALook) {
         QTest::qWaitFor([this] { return facts.archive().overview.daysWithContent == 2; }, 10000));
 }
 
+TEST_F(VaultFactsTest, LookOnceMoreForWhatIsWrittenDuringTheFirstScan) {
+    std::promise<diary::ArchiveScan> scan;
+    facts.begin(scan.get_future().share());
+    const diary::ArchiveScan found = diary::scanArchive(vault.path(), {}, {});
+    store.save(QStringLiteral("# 03-08\n\n## 2026\n\nnew\n"), {3, 8});
+    scan.set_value(found);
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return facts.archive().overview.daysWithContent == 2; }, 10000));
+    EXPECT_EQ(store.overview().fileCount, 2) << "the store knows its new file, too";
+}
+
 TEST_F(VaultFactsTest, TellNothingWhereNothingChanged) {
     facts.begin(scanOf(vault.path()));
     const int before = store.revision();
