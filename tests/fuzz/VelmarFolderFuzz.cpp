@@ -27,7 +27,7 @@ bool isReported(const ImportBatch& batch, Kind kind, const QString& file, int ye
     });
 }
 
-void checkEntry(const ImportedEntry& entry) {
+void checkSection(const ImportedEntry& entry) {
     check(entry.isVelmarSection && !entry.time && !entry.title, "a section is taken verbatim");
     check(entry.day.year >= 1900 && entry.day.year <= kThisYear, "a year can be");
     check(text::hasContent(entry.body), "an entry has a text");
@@ -64,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString folder = QFileInfo(asFile(first, QStringLiteral("02-29.md"))).path();
     (void)asFile(second, QStringLiteral("11-21.md"));
     const ImportBatch batch = VelmarFolderSource::read(folder, QStringLiteral("x"), kThisYear);
-    for (const ImportedEntry& entry : batch.entries) checkEntry(entry);
+    for (const ImportedEntry& entry : batch.entries) checkSection(entry);
     checkFile(batch, {2, 29}, first);
     checkFile(batch, {11, 21}, second);
     return 0;
