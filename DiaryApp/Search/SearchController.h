@@ -78,8 +78,15 @@ public:
 
 private:
     void takeContentYears();
-    void runSearch();
-    void searchFinished(diary::SearchResult result, const QStringList& terms, int request);
+    // A repeated search leaves the selection where it is, if the hit is found again.
+    enum class Selection { Anew, Kept };
+
+    void runSearch(Selection selection = Selection::Anew);
+    void searchFinished(diary::SearchResult result, const diary::SearchQuery& query, int request,
+                        Selection selection);
+    [[nodiscard]] bool keepSelection(const diary::SearchResult& result,
+                                     const diary::SearchQuery& query);
+    void takeResult(diary::SearchResult result, const diary::SearchQuery& query);
     void showHit(int index, HitFocus focus);
     void clearResult(SearchSession& session);
     [[nodiscard]] bool bringIntoView(const diary::SearchHit& hit);
@@ -94,6 +101,8 @@ private:
     std::optional<SearchSession> m_session;
     QString m_lastSearchQuery;
     std::unique_ptr<OneShotTimer> m_searchDebounce;
+    // What the session's result answers.
+    diary::SearchQuery m_answered;
     // Counts the searches that were started; only the newest one's answer is taken.
     int m_searchRequest = 0;
     int m_generation = 0;
