@@ -9,7 +9,7 @@
 #include <QtWidgets/QTextEdit>
 #include <functional>
 
-#include "DiaryApp/Editor/CaretBlink.h"
+#include "DiaryApp/Appearance/CaretBlink.h"
 #include "DiaryApp/Editor/DraftText.h"
 #include "DiaryApp/Editor/FormatCommand.h"
 #include "DiaryApp/Editor/IdleStyling.h"
