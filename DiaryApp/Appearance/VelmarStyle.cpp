@@ -1,8 +1,8 @@
 #include "DiaryApp/Appearance/VelmarStyle.h"
 
+#include <QtGui/QBitmap>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 #include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -109,11 +109,18 @@ void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter) {
     drawMenuTexts(item, painter);
 }
 
+// Whether windows may be shown without a compositor, as X11 may do. Nothing of Qt 6.4 tells.
+bool mayLackCompositor() {
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
 // The ground of a menu or a tooltip.
 void drawPanel(const QStyleOption& option, QPainter* painter, double radius) {
     const QColor fill =
         theme::color(theme::tokens().isDark() ? Token::CardBg : Token::CardBgActive);
     painter->save();
+    // What the corners' smooth edge lets through would be black; the mask cuts off the rest.
+    if (mayLackCompositor()) painter->fillRect(option.rect, theme::color(Token::Border));
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(theme::color(Token::Border), 1));
     painter->setBrush(fill);
@@ -138,14 +145,20 @@ bool paintsItsCaret(const QStyleOption* option) {
     return option != nullptr && qobject_cast<const SearchField*>(option->styleObject) != nullptr;
 }
 
-// Without a compositor, which X11 may do without, see-through corners would be black: there the
-// window of a menu or a tooltip itself has round ones.
+// Without a compositor see-through corners would be black: there the window of a menu or a tooltip
+// itself has round ones.
 int roundMask(const QStyleOption* option, QStyleHintReturn* result, double radius) {
     auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(result);
-    if (!mask || !option || QGuiApplication::platformName() != QLatin1String("xcb")) return 0;
-    QPainterPath shape;
-    shape.addRoundedRect(option->rect, radius, radius);
-    mask->region = QRegion(shape.toFillPolygon().toPolygon());
+    if (!mask || !option || !mayLackCompositor()) return 0;
+    // By pixels: a region of the outline's polygon would have corners of two kinds.
+    QBitmap shape(option->rect.size());
+    shape.clear();
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(shape.rect(), radius, radius);
+    painter.end();
+    mask->region = QRegion(shape).translated(option->rect.topLeft());
     return 1;
 }
 
