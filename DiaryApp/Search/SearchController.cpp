@@ -33,7 +33,7 @@ void SearchController::showSearch() {
     if (!m_session) {
         m_session.emplace();
         m_session->query = m_lastSearchQuery;
-        takeContentYears();
+        takeContentYears(*m_session);
         m_session->generation = ++m_generation;
         call(m_host.renderSidebar);
         call(m_host.switchSidebar, true);
@@ -47,16 +47,16 @@ void SearchController::showSearch() {
     searchQueryChanged(*m_host.scriptedQuery, Run::Immediately);
 }
 
-void SearchController::takeContentYears() {
+void SearchController::takeContentYears(SearchSession& session) {
     const std::optional<std::vector<int>> years = ask(m_host.contentYears);
     m_needsContentYears = !years;
-    m_session->years = years.value_or(std::vector<int>());
-    std::ranges::sort(m_session->years, std::greater());
+    session.years = years.value_or(std::vector<int>());
+    std::ranges::sort(session.years, std::greater());
 }
 
 void SearchController::contentYearsBecameKnown() {
     if (!m_session || !m_needsContentYears) return;
-    takeContentYears();
+    takeContentYears(*m_session);
     call(m_host.renderSidebar);
 }
 
@@ -120,13 +120,13 @@ void SearchController::renderAround() {
 void SearchController::searchFinished(diary::SearchResult result, const diary::SearchQuery& query,
                                       int request, Selection selection) {
     if (!m_session || request != m_searchRequest) return;
-    if (selection == Selection::Kept && keepSelection(result, query)) {
-        takeResult(std::move(result), query);
+    if (selection == Selection::Kept && keepSelection(*m_session, result, query)) {
+        takeResult(*m_session, std::move(result), query);
         return renderAround();
     }
     m_session->selected = hitInView(result.hits);
     m_session->currentMatch = 0;
-    takeResult(std::move(result), query);
+    takeResult(*m_session, std::move(result), query);
     if (m_session->selected && !ask(m_host.isWriting)) {
         showHit(*m_session->selected, HitFocus::Unchanged);
     } else {
@@ -135,7 +135,7 @@ void SearchController::searchFinished(diary::SearchResult result, const diary::S
 }
 
 // The user hasn't asked for anything, so the page isn't turned and the match stepped to stays.
-bool SearchController::keepSelection(const diary::SearchResult& result,
+bool SearchController::keepSelection(SearchSession& session, const diary::SearchResult& result,
                                      const diary::SearchQuery& query) {
     const diary::SearchHit* before = selectedHit();
     if (before == nullptr || query != m_answered) return false;
@@ -143,15 +143,16 @@ bool SearchController::keepSelection(const diary::SearchResult& result,
         return hit.monthDay == before->monthDay && hit.year == before->year;
     });
     if (again == result.hits.end()) return false;
-    m_session->selected = static_cast<int>(again - result.hits.begin());
+    session.selected = static_cast<int>(again - result.hits.begin());
     return true;
 }
 
-void SearchController::takeResult(diary::SearchResult result, const diary::SearchQuery& query) {
-    m_session->result = std::move(result);
-    m_session->terms = query.terms;
-    m_session->isSearching = false;
-    m_session->generation = ++m_generation;
+void SearchController::takeResult(SearchSession& session, diary::SearchResult result,
+                                  const diary::SearchQuery& query) {
+    session.result = std::move(result);
+    session.terms = query.terms;
+    session.isSearching = false;
+    session.generation = ++m_generation;
     m_answered = query;
 }
 

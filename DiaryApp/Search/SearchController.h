@@ -77,16 +77,17 @@ public:
     [[nodiscard]] std::map<int, int> railHits(const diary::MonthDay& day) const;
 
 private:
-    void takeContentYears();
+    void takeContentYears(SearchSession& session);
     // A repeated search leaves the selection where it is, if the hit is found again.
     enum class Selection { Anew, Kept };
 
     void runSearch(Selection selection = Selection::Anew);
     void searchFinished(diary::SearchResult result, const diary::SearchQuery& query, int request,
                         Selection selection);
-    [[nodiscard]] bool keepSelection(const diary::SearchResult& result,
+    [[nodiscard]] bool keepSelection(SearchSession& session, const diary::SearchResult& result,
                                      const diary::SearchQuery& query);
-    void takeResult(diary::SearchResult result, const diary::SearchQuery& query);
+    void takeResult(SearchSession& session, diary::SearchResult result,
+                    const diary::SearchQuery& query);
     void showHit(int index, HitFocus focus);
     void clearResult(SearchSession& session);
     [[nodiscard]] bool bringIntoView(const diary::SearchHit& hit);
