@@ -17,7 +17,8 @@ namespace {
 
 struct SystemLook {
     bool isDark = false;
-    int caretFlashTime = 0;
+    // Absent until it is read.
+    std::optional<int> caretFlashTime = {};
 };
 
 // Read once, before our own palette hides what the desktop has given.
@@ -51,7 +52,10 @@ QPalette qtPalette(const Tokens& tokens) {
 void prepare() {
     SystemLook& look = systemLook();
     look.isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < kDarkBelow;
-    look.caretFlashTime = QGuiApplication::styleHints()->cursorFlashTime();
+    // A second time it would be the one set here.
+    if (!look.caretFlashTime) {
+        look.caretFlashTime = QGuiApplication::styleHints()->cursorFlashTime();
+    }
     QGuiApplication::styleHints()->setCursorFlashTime(0);
     fonts::load();
     QApplication::setStyle(new VelmarStyle);
@@ -90,7 +94,7 @@ void setSystemIsDark(bool isDark) {
 }
 
 int caretFlashTime() {
-    return systemLook().caretFlashTime;
+    return systemLook().caretFlashTime.value_or(0);
 }
 
 }  // namespace velmar::appearance

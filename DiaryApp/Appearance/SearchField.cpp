@@ -8,6 +8,7 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QMenu>
 
+#include "DiaryApp/Appearance/Appearance.h"
 #include "DiaryApp/Appearance/Fonts.h"
 #include "DiaryApp/Appearance/Icons.h"
 #include "DiaryApp/Appearance/Theme.h"
@@ -53,12 +54,17 @@ protected:
 
 }  // namespace
 
-SearchField::SearchField(QWidget* parent) : QLineEdit(parent), m_clear(new ClearButton(this)) {
+SearchField::SearchField(QWidget* parent)
+    : QLineEdit(parent), m_clear(new ClearButton(this)), m_blink(appearance::caretFlashTime()) {
     setFrame(false);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setTextMargins(boxMargin + kTextLeft - kLineEditMargin, 0, boxMargin + kTextRight, 0);
     connect(m_clear, &QAbstractButton::clicked, this, &SearchField::clearByButton);
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] {
+        if (hasFocus()) m_blink.wake();
+    });
+    connect(&m_blink, &CaretBlink::changed, this, [this] { update(caretRect()); });
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_clear->setVisible(!text.isEmpty());
         const int right = text.isEmpty() ? kTextRight : kClearRight + kClearSize;
@@ -122,7 +128,23 @@ void SearchField::contextMenuEvent(QContextMenuEvent* event) {
     menu->popup(event->globalPos());
 }
 
+void SearchField::keyPressEvent(QKeyEvent* event) {
+    m_blink.wake();
+    QLineEdit::keyPressEvent(event);
+}
+
+void SearchField::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    m_blink.wake();
+}
+
+void SearchField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    m_blink.stop();
+}
+
 void SearchField::inputMethodEvent(QInputMethodEvent* event) {
+    m_blink.wake();
     m_isComposing = !event->preeditString().isEmpty();
     QLineEdit::inputMethodEvent(event);
 }
@@ -162,12 +184,15 @@ void SearchField::paintBox(QPainter& painter) const {
                  QStringLiteral("search"), theme::color(Token::Chevron));
 }
 
+QRect SearchField::caretRect() const {
+    const int x = cursorRect().left() + kCaretSurroundings;
+    return {x, (height() - kCaretHeight) / 2, kCaretWidth, kCaretHeight};
+}
+
 // VelmarStyle gives Qt's own caret here no width: it can't have a colour apart from the text's.
 void SearchField::paintCaret(QPainter& painter) const {
-    if (!hasFocus() || hasSelectedText() || isReadOnly()) return;
-    const int x = cursorRect().left() + kCaretSurroundings;
-    painter.fillRect(QRect(x, (height() - kCaretHeight) / 2, kCaretWidth, kCaretHeight),
-                     theme::color(Token::Accent));
+    if (!m_blink.isLit() || hasSelectedText() || isReadOnly()) return;
+    painter.fillRect(caretRect(), theme::color(Token::Accent));
 }
 
 }  // namespace velmar

@@ -5,6 +5,8 @@
 
 #include <QtWidgets/QLineEdit>
 
+#include "DiaryApp/Appearance/CaretBlink.h"
+
 class QAbstractButton;
 
 namespace velmar {
@@ -32,16 +34,21 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void paintBox(QPainter& painter) const;
+    [[nodiscard]] QRect caretRect() const;
     void paintCaret(QPainter& painter) const;
     void applyPalette();
     void clearByButton();
 
     QAbstractButton* m_clear;
+    CaretBlink m_blink;
     bool m_isComposing = false;
     bool m_isApplyingPalette = false;
 };

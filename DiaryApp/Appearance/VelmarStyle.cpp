@@ -1,8 +1,8 @@
 #include "DiaryApp/Appearance/VelmarStyle.h"
 
+#include <QtGui/QBitmap>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 #include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -29,10 +29,13 @@ constexpr int kMenuTextLeft = 28;
 constexpr int kMenuTextRight = 10;
 constexpr int kMenuKeyGap = 28;
 constexpr double kMenuCheckSize = 14;
+constexpr double kMenuArrowSize = 14;
 constexpr int kMenuSeparatorHeight = 11;
 constexpr int kMenuLeastWidth = 222;
 constexpr double kMenuRadius = 10;
 constexpr double kItemRadius = 6;
+constexpr double kTipRadius = 7;
+constexpr int kTipPadding = 5;
 constexpr int kRingReach = 4;
 
 // "&Save" is shown as "Save"; the texts here have no marked letters, but a name may hold "&&".
@@ -97,18 +100,31 @@ void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter) {
         icons::paint(*painter, {item.rect.left() + 8.0, y, kMenuCheckSize, kMenuCheckSize},
                      QStringLiteral("check"), theme::color(Token::Accent));
     }
+    if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
+        const double x = item.rect.right() + 1 - kMenuTextRight - kMenuArrowSize;
+        const double y = item.rect.top() + (item.rect.height() - kMenuArrowSize) / 2.0;
+        icons::paint(*painter, {x, y, kMenuArrowSize, kMenuArrowSize},
+                     QStringLiteral("chevron-right"), theme::color(Token::Chevron));
+    }
     drawMenuTexts(item, painter);
 }
 
-void drawMenuPanel(const QStyleOption& option, QPainter* painter) {
+// Whether windows may be shown without a compositor, as X11 may do. Nothing of Qt 6.4 tells.
+bool mayLackCompositor() {
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+// The ground of a menu or a tooltip.
+void drawPanel(const QStyleOption& option, QPainter* painter, double radius) {
     const QColor fill =
         theme::color(theme::tokens().isDark() ? Token::CardBg : Token::CardBgActive);
     painter->save();
+    // What the corners' smooth edge lets through would be black; the mask cuts off the rest.
+    if (mayLackCompositor()) painter->fillRect(option.rect, theme::color(Token::Border));
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(theme::color(Token::Border), 1));
     painter->setBrush(fill);
-    painter->drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), kMenuRadius,
-                             kMenuRadius);
+    painter->drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter->restore();
 }
 
@@ -129,14 +145,20 @@ bool paintsItsCaret(const QStyleOption* option) {
     return option != nullptr && qobject_cast<const SearchField*>(option->styleObject) != nullptr;
 }
 
-// Without a compositor, which X11 may do without, see-through corners would be black: there the
-// menu's window itself has round ones.
-int menuMask(const QStyleOption* option, QStyleHintReturn* result) {
+// Without a compositor see-through corners would be black: there the window of a menu or a tooltip
+// itself has round ones.
+int roundMask(const QStyleOption* option, QStyleHintReturn* result, double radius) {
     auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(result);
-    if (!mask || !option || QGuiApplication::platformName() != QLatin1String("xcb")) return 0;
-    QPainterPath shape;
-    shape.addRoundedRect(option->rect, kMenuRadius, kMenuRadius);
-    mask->region = QRegion(shape.toFillPolygon().toPolygon());
+    if (!mask || !option || !mayLackCompositor()) return 0;
+    // By pixels: a region of the outline's polygon would have corners of two kinds.
+    QBitmap shape(option->rect.size());
+    shape.clear();
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(shape.rect(), radius, radius);
+    painter.end();
+    mask->region = QRegion(shape).translated(option->rect.topLeft());
     return 1;
 }
 
@@ -146,6 +168,8 @@ VelmarStyle::VelmarStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void VelmarStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    // Qt's tooltip, whose class has no header.
+    if (widget->inherits("QTipLabel")) widget->setAttribute(Qt::WA_TranslucentBackground);
     if (qobject_cast<QMenu*>(widget) == nullptr) return;
     widget->setWindowFlag(Qt::FramelessWindowHint);
     widget->setWindowFlag(Qt::NoDropShadowWindowHint);
@@ -179,7 +203,10 @@ void VelmarStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
                                 QPainter* painter, const QWidget* widget) const {
     switch (element) {
         case PE_PanelMenu:
-            drawMenuPanel(*option, painter);
+            drawPanel(*option, painter, kMenuRadius);
+            return;
+        case PE_PanelTipLabel:
+            drawPanel(*option, painter, kTipRadius);
             return;
         case PE_PanelMenuBar:
         case PE_FrameMenu:
@@ -211,6 +238,9 @@ QSize VelmarStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         if (!keys.isEmpty()) {
             width += kMenuKeyGap + QFontMetricsF(fonts::mono(11)).horizontalAdvance(keys);
         }
+        if (item->menuItemType == QStyleOptionMenuItem::SubMenu) {
+            width += kMenuKeyGap + kMenuArrowSize;
+        }
         return {qMax(kMenuLeastWidth, static_cast<int>(std::ceil(width))), kMenuItemHeight};
     }
     return QProxyStyle::sizeFromContents(type, option, size, widget);
@@ -231,6 +261,8 @@ int VelmarStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_MenuHMargin:
         case PM_MenuVMargin:
             return kMenuPanel;
+        case PM_ToolTipLabelFrameWidth:
+            return kTipPadding;
         case PM_FocusFrameHMargin:
         case PM_FocusFrameVMargin:
             return kRingReach;
@@ -253,7 +285,9 @@ int VelmarStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
         case SH_ToolTipLabel_Opacity:
             return 255;
         case SH_Menu_Mask:
-            return menuMask(option, result);
+            return roundMask(option, result, kMenuRadius);
+        case SH_ToolTip_Mask:
+            return roundMask(option, result, kTipRadius);
         default:
             return QProxyStyle::styleHint(hint, option, widget, result);
     }

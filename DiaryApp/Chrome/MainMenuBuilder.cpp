@@ -83,8 +83,8 @@ void MainMenuBuilder::showStates(const QMenuBar* bar, Menu menu, StateOf stateOf
                 const Action action = menuTable()[item->property(kRowProperty).toUInt()].action;
                 const ItemState state = stateOf(action);
                 item->setEnabled(state.isEnabled);
-                item->setCheckable(state.isChecked);
-                item->setChecked(state.isChecked);
+                item->setCheckable(state.isChecked.has_value());
+                item->setChecked(state.isChecked.value_or(false));
             }
         });
         // A disabled item's keys do nothing, and its state is only looked at when it shows.

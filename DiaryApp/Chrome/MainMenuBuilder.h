@@ -3,6 +3,7 @@
 
 #include <QtWidgets/QMenuBar>
 #include <functional>
+#include <optional>
 
 #include "DiaryApp/Chrome/MenuTable.h"
 
@@ -23,7 +24,8 @@ public:
     // again once the menu has closed; whoever gets the command asks then whether it may run.
     struct ItemState {
         bool isEnabled = true;
-        bool isChecked = false;
+        // Absent for a command that is never checked.
+        std::optional<bool> isChecked = {};
     };
     using StateOf = std::function<ItemState(Action)>;
     static void showStates(const QMenuBar* bar, Menu menu, StateOf stateOf);

@@ -3,6 +3,7 @@
 #include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <utility>
 
 #include "DiaryApp/Appearance/ControlAccess.h"
 #include "DiaryApp/Appearance/Motion.h"
@@ -38,6 +39,11 @@ void Sheet::present(QWidget* first, Qt::FocusReason reason) {
     setVisible(true);
     raise();
     first->setFocus(reason);
+    // A window that isn't active yet, as at the start, keeps no reason: the ring would be missing.
+    if (!first->hasFocus()) {
+        m_first = first;
+        m_reason = reason;
+    }
     if (isMoving) m_arrival->run(behind, pictureOfPanel());
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
@@ -97,7 +103,13 @@ bool Sheet::event(QEvent* event) {
 
 bool Sheet::eventFilter(QObject* watched, QEvent* event) {
     if (watched == parentWidget() && event->type() == QEvent::Resize) place();
+    if (watched == parentWidget() && event->type() == QEvent::WindowActivate) focusFirst();
     return QWidget::eventFilter(watched, event);
+}
+
+void Sheet::focusFirst() {
+    QWidget* first = std::exchange(m_first, nullptr);
+    if (first != nullptr && window()->focusWidget() == first) first->setFocus(m_reason);
 }
 
 // The Tab key goes round among the sheet's own controls; the ones behind it are out of reach.

@@ -51,11 +51,15 @@ protected:
 
 private:
     [[nodiscard]] QPixmap pictureOfPanel();
+    void focusFirst();
 
     QRectF m_panel;
     SheetArrival* m_arrival;
     bool m_hasVeil = true;
     QPointer<QWidget> m_focusBefore;
+    // What takes the focus once the window is active, and why.
+    QPointer<QWidget> m_first;
+    Qt::FocusReason m_reason = Qt::OtherFocusReason;
 };
 
 }  // namespace velmar

@@ -111,6 +111,10 @@ std::optional<MarkdownChange> formatChange(FormatCommand command, QStringView te
     }
 }
 
+bool isCheckable(FormatCommand command) {
+    return blockStyle(command).has_value();
+}
+
 bool isChecked(FormatCommand command, MarkdownContext context) {
     const auto style = blockStyle(command);
     if (!style || contextOf(style->kind) != context.kind) return false;

@@ -47,6 +47,8 @@ struct FormatRow {
 [[nodiscard]] std::optional<diary::MarkdownChange> formatChange(FormatCommand command,
                                                                 QStringView text,
                                                                 diary::TextRange selection);
+// Whether the command is a state that a line can be in, which its item shows.
+[[nodiscard]] bool isCheckable(FormatCommand command);
 // Whether the command's item is checked where the caret stands in such a context.
 [[nodiscard]] bool isChecked(FormatCommand command, diary::MarkdownContext context);
 

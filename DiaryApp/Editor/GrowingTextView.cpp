@@ -23,16 +23,19 @@ namespace {
 constexpr double kDefaultSize = 16.5;
 constexpr int kCheckMilliseconds = 100;
 
-// What lies between all that both texts begin with and all that they end with.
+// What lies between all that both texts begin with and all that they end with. No pair of
+// surrogates is cut.
 DraftText::Edit editBetween(QStringView before, QStringView after) {
     const qsizetype shorter = std::min(before.size(), after.size());
     qsizetype prefix = 0;
     while (prefix < shorter && before[prefix] == after[prefix]) ++prefix;
+    if (prefix > 0 && before[prefix - 1].isHighSurrogate()) --prefix;
     qsizetype suffix = 0;
     while (suffix < shorter - prefix &&
            before[before.size() - 1 - suffix] == after[after.size() - 1 - suffix]) {
         ++suffix;
     }
+    if (suffix > 0 && before[before.size() - suffix].isLowSurrogate()) --suffix;
     return {prefix, before.size() - prefix - suffix, after.size() - prefix - suffix};
 }
 
@@ -124,6 +127,14 @@ void GrowingTextView::reload(const QString& draft) {
     caret.setPosition(static_cast<int>(anchor));
     caret.setPosition(static_cast<int>(position), QTextCursor::KeepAnchor);
     setTextCursor(caret);
+}
+
+void GrowingTextView::edit(const QString& draft) {
+    if (isReadOnly()) return;
+    confirmComposition();
+    const DraftText::Edit edit = editBetween(m_draft.text(), draft);
+    apply(MarkdownChange::replace({edit.at, edit.removed}, draft.mid(edit.at, edit.added),
+                                  {edit.at + edit.added, 0}));
 }
 
 void GrowingTextView::setPlaceholder(const QString& text) {

@@ -9,7 +9,7 @@
 #include <QtWidgets/QTextEdit>
 #include <functional>
 
-#include "DiaryApp/Editor/CaretBlink.h"
+#include "DiaryApp/Appearance/CaretBlink.h"
 #include "DiaryApp/Editor/DraftText.h"
 #include "DiaryApp/Editor/FormatCommand.h"
 #include "DiaryApp/Editor/IdleStyling.h"
@@ -38,6 +38,9 @@ public:
     // Shows another state of the same text: the caret, the selection and marks stay at their words,
     // and the undo history is cleared. No callback.
     void reload(const QString& draft);
+    // Makes it another text as the user would, in one step that can be undone, with the caret
+    // behind what came in. Nothing while it can't be edited.
+    void edit(const QString& draft);
     // Whether an input method holds text here that isn't in the draft yet.
     [[nodiscard]] bool isComposing() const;
     [[nodiscard]] const QString& draft() const { return m_draft.text(); }

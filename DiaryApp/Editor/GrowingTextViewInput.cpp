@@ -303,7 +303,7 @@ QMenu* GrowingTextView::makeContextMenu() {
     for (const FormatRow& row : formatTable()) {
         QAction* item = format->addAction(qtTrId(row.title));
         item->setEnabled(canFormat());
-        item->setCheckable(isChecked(row.command, here));
+        item->setCheckable(isCheckable(row.command));
         item->setChecked(isChecked(row.command, here));
         connect(item, &QAction::triggered, this, [this, &row] { perform(row.command); });
         if (row.hasSeparatorBehind) format->addSeparator();

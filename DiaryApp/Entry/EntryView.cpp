@@ -135,6 +135,10 @@ void EntryView::restyle() {
     if (m_pill != nullptr) m_pill->place();
 }
 
+void EntryView::editDraft(const QString& draft) {
+    editor()->edit(draft);
+}
+
 void EntryView::scrollToTop() {
     m_shown->scrollToTop();
 }

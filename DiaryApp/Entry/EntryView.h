@@ -59,9 +59,13 @@ public:
     // Fonts and colours, after a change of settings or palette.
     void restyle();
 
+    // Makes the draft in the editor another one, as an edit that the user can undo. Nothing where
+    // it can't be edited.
+    void editDraft(const QString& draft);
+
     // Of the page in view.
     void scrollToTop();
-    // Does nothing where the editor doesn't show.
+    // The page itself where a hint stands in the editor's place; nothing where another page shows.
     void focusEditor();
     // Off while an import writes. Another model doesn't turn it on again.
     void setEditable(bool editable);

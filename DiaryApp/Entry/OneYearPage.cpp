@@ -74,8 +74,9 @@ void OneYearPage::showBlock(const EntryModel::Block& block) {
         setTextColor(editor->textColor);
     } else {
         m_editor->load(QString());
-        // Otherwise Qt would hand the focus to whatever comes next in the window.
-        if (m_editor->hasFocus()) setFocus(Qt::OtherFocusReason);
+        // Otherwise Qt would hand the focus to whatever comes next in the window, which may be
+        // behind another one at the moment.
+        if (window()->focusWidget() == m_editor) setFocus(Qt::OtherFocusReason);
         m_hint->setText(std::get<EntryModel::Empty>(block.kind).text);
     }
     m_editor->setVisible(editor != nullptr);
@@ -137,7 +138,10 @@ void OneYearPage::followCaret() {
 }
 
 void OneYearPage::focusEditor() {
-    if (!m_editor->isHidden()) m_editor->setFocus(Qt::OtherFocusReason);
+    // Where a hint stands in the editor's place, the page has the keys: they scroll it.
+    QWidget* target = m_editor;
+    if (m_editor->isHidden()) target = this;
+    target->setFocus(Qt::OtherFocusReason);
 }
 
 void OneYearPage::setEditable(bool editable) {

@@ -20,7 +20,12 @@ constexpr double kRadius = 8;
 
 }  // namespace
 
-RecentSearchRow::RecentSearchRow(QWidget* parent) : QAbstractButton(parent), m_ring(this, kRadius) {
+RecentSearchRow::RecentSearchRow(const QString& search, QWidget* parent)
+    : QAbstractButton(parent), m_ring(this, kRadius) {
+    setText(search);
+    // An "&" is a letter of what was searched, and marks no key.
+    setShortcut(QKeySequence());
+    setAccessibleName(search);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
 }
@@ -51,11 +56,17 @@ void RecentSearchRow::focusOutEvent(QFocusEvent* event) {
 
 void RecentSearchRow::keyPressEvent(QKeyEvent* event) {
     m_ring.keyUsed();
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-        return;
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return click();
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            if (onStep) onStep(event->key() == Qt::Key_Up ? -1 : 1);
+            return;
+        default:
+            QAbstractButton::keyPressEvent(event);
     }
-    QAbstractButton::keyPressEvent(event);
 }
 
 }  // namespace velmar

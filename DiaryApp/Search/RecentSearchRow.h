@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtWidgets/QAbstractButton>
+#include <functional>
 
 #include "DiaryApp/Appearance/FocusRing.h"
 
@@ -11,7 +12,10 @@ class RecentSearchRow : public QAbstractButton {
     Q_OBJECT
 
 public:
-    explicit RecentSearchRow(QWidget* parent = nullptr);
+    explicit RecentSearchRow(const QString& search, QWidget* parent = nullptr);
+
+    // Down (1) or Up (-1) was pressed here.
+    std::function<void(int delta)> onStep;
 
     static constexpr int rowHeight = 34;
 

@@ -98,7 +98,7 @@ void SearchController::askAnew() {
     m_openWhenFound.reset();
 }
 
-void SearchController::runSearch() {
+void SearchController::runSearch(Selection selection) {
     if (!m_session) return;
     m_searchDebounce->stop();
     diary::SearchQuery query = diary::SearchQuery::parsing(m_session->query);
@@ -107,10 +107,9 @@ void SearchController::runSearch() {
     if (m_session->scope) query.year = m_session->scope;
     m_session->isSearching = true;
     call(m_host.renderSidebar);
-    call(m_host.startSearch, query,
-         [this, terms = query.terms, request](diary::SearchResult result) {
-             searchFinished(std::move(result), terms, request);
-         });
+    call(m_host.startSearch, query, [this, query, request, selection](diary::SearchResult result) {
+        searchFinished(std::move(result), query, request, selection);
+    });
 }
 
 void SearchController::clearResult(SearchSession& session) {
@@ -131,21 +130,44 @@ void SearchController::renderAround() {
     call(m_host.renderRail);
 }
 
-void SearchController::searchFinished(diary::SearchResult result, const QStringList& terms,
-                                      int request) {
+void SearchController::searchFinished(diary::SearchResult result, const diary::SearchQuery& query,
+                                      int request, Selection selection) {
     if (!m_session || request != m_searchRequest) return;
-    m_session->selected = hitInView(result.hits);
-    m_session->result = std::move(result);
-    m_session->terms = terms;
-    m_session->isSearching = false;
-    m_session->generation = ++m_generation;
-    m_session->currentMatch = 0;
     // It may still be the answer to what the line was a key ago.
     m_isAnswerDue = m_searchDebounce->isArmed();
+    if (selection == Selection::Kept && keepSelection(*m_session, result, query)) {
+        takeResult(*m_session, std::move(result), query);
+        return renderAround();
+    }
+    m_session->selected = hitInView(result.hits);
+    m_session->currentMatch = 0;
+    takeResult(*m_session, std::move(result), query);
     const std::optional<OpenHit> as = std::exchange(m_openWhenFound, std::nullopt);
     if (!m_session->selected || ask(m_host.isWriting)) return renderAround();
     showHit(*m_session->selected, HitFocus::Unchanged);
     if (as) openSelected(*as);
+}
+
+// The user hasn't asked for anything, so the page isn't turned and the match stepped to stays.
+bool SearchController::keepSelection(SearchSession& session, const diary::SearchResult& result,
+                                     const diary::SearchQuery& query) {
+    const diary::SearchHit* before = selectedHit();
+    if (before == nullptr || query != m_answered) return false;
+    const auto again = std::ranges::find_if(result.hits, [before](const diary::SearchHit& hit) {
+        return hit.monthDay == before->monthDay && hit.year == before->year;
+    });
+    if (again == result.hits.end()) return false;
+    session.selected = static_cast<int>(again - result.hits.begin());
+    return true;
+}
+
+void SearchController::takeResult(SearchSession& session, diary::SearchResult result,
+                                  const diary::SearchQuery& query) {
+    session.result = std::move(result);
+    session.terms = query.terms;
+    session.isSearching = false;
+    session.generation = ++m_generation;
+    m_answered = query;
 }
 
 std::optional<int> SearchController::hitInView(const std::vector<diary::SearchHit>& hits) const {
@@ -300,7 +322,9 @@ void SearchController::draftBecameDirty() {
 }
 
 void SearchController::vaultRefreshed() {
-    if (m_session && m_session->result && m_session->result->pendingDownloads >= 1) runSearch();
+    if (m_session && m_session->result && m_session->result->pendingDownloads >= 1) {
+        runSearch(Selection::Kept);
+    }
 }
 
 }  // namespace velmar

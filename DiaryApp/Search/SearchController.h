@@ -80,9 +80,17 @@ public:
 
 private:
     void takeContentYears(SearchSession& session);
+    // A repeated search leaves the selection where it is, if the hit is found again.
+    enum class Selection { Anew, Kept };
+
     void askAnew();
-    void runSearch();
-    void searchFinished(diary::SearchResult result, const QStringList& terms, int request);
+    void runSearch(Selection selection = Selection::Anew);
+    void searchFinished(diary::SearchResult result, const diary::SearchQuery& query, int request,
+                        Selection selection);
+    [[nodiscard]] bool keepSelection(SearchSession& session, const diary::SearchResult& result,
+                                     const diary::SearchQuery& query);
+    void takeResult(SearchSession& session, diary::SearchResult result,
+                    const diary::SearchQuery& query);
     void showHit(int index, HitFocus focus);
     void clearResult(SearchSession& session);
     [[nodiscard]] bool bringIntoView(const diary::SearchHit& hit);
@@ -97,6 +105,8 @@ private:
     std::optional<SearchSession> m_session;
     QString m_lastSearchQuery;
     std::unique_ptr<OneShotTimer> m_searchDebounce;
+    // What the session's result answers.
+    diary::SearchQuery m_answered;
     // Counts the searches that were started; only the newest one's answer is taken.
     int m_searchRequest = 0;
     int m_generation = 0;

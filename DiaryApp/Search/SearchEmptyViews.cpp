@@ -66,27 +66,46 @@ void paintCentred(QPainter& painter, const QRectF& rect, const QString& text,
 }  // namespace
 
 void SearchRecentsView::update(const SearchPaneState::Recents& recents) {
-    if (m_recents.searches != recents.searches) {
-        for (RecentSearchRow* row : m_rows) {
-            row->hide();
-            row->deleteLater();
-        }
-        m_rows.clear();
-        for (const QString& search : recents.searches) {
-            auto* row = new RecentSearchRow(this);
-            row->setText(search);
-            connect(row, &RecentSearchRow::clicked, this, [this, search] {
-                if (onRecent) onRecent(search);
-            });
-            row->show();
-            m_rows.push_back(row);
-        }
-    }
+    if (m_recents.searches != recents.searches) remake(recents.searches);
     m_recents = recents;
     setAccessibleName(qtTrId("SearchRecent"));
     setAccessibleDescription(recents.hint);
     place();
     QWidget::update();
+}
+
+void SearchRecentsView::remake(const QStringList& searches) {
+    for (RecentSearchRow* row : m_rows) {
+        row->hide();
+        row->deleteLater();
+    }
+    m_rows.clear();
+    for (const QString& search : searches) {
+        auto* row = new RecentSearchRow(search, this);
+        connect(row, &RecentSearchRow::clicked, this, [this, search] {
+            if (onRecent) onRecent(search);
+        });
+        row->onStep = [this, at = static_cast<int>(m_rows.size())](int delta) {
+            focusRow(at + delta);
+        };
+        row->show();
+        m_rows.push_back(row);
+    }
+}
+
+bool SearchRecentsView::focusFirst() {
+    if (m_rows.empty()) return false;
+    focusRow(0);
+    return true;
+}
+
+// Ahead of the first row is the field; below the last one is nothing.
+void SearchRecentsView::focusRow(int row) {
+    if (row < 0) {
+        if (onLeft) onLeft();
+    } else if (row < static_cast<int>(m_rows.size())) {
+        m_rows[static_cast<std::size_t>(row)]->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void SearchRecentsView::place() {

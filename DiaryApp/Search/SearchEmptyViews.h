@@ -21,8 +21,13 @@ public:
 
     // The search that was chosen.
     std::function<void(const QString&)> onRecent;
+    // The keys lead up and out of the first row.
+    std::function<void()> onLeft;
 
     void update(const SearchPaneState::Recents& recents);
+
+    // Gives the first row the focus. False where there are none.
+    bool focusFirst();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -30,6 +35,8 @@ protected:
 
 private:
     void place();
+    void remake(const QStringList& searches);
+    void focusRow(int row);
     [[nodiscard]] double hintTop() const;
 
     SearchPaneState::Recents m_recents;

@@ -65,6 +65,7 @@ void SearchPaneView::wire() {
     m_recents->onRecent = [this](const QString& text) {
         if (onRecent) onRecent(text);
     };
+    m_recents->onLeft = [this] { focusField(FieldCaret::AtEnd); };
     m_noResults->onResetScope = [this] {
         if (onScope) onScope({});
     };
@@ -156,8 +157,12 @@ bool SearchPaneView::eventFilter(QObject* watched, QEvent* event) {
 void SearchPaneView::useKey(int key, Qt::KeyboardModifiers modifiers) {
     switch (key) {
         case Qt::Key_Up:
+            if (onMove) onMove(-1);
+            break;
         case Qt::Key_Down:
-            if (onMove) onMove(key == Qt::Key_Up ? -1 : 1);
+            // Without hits the searches of late are what stands below.
+            if (!m_recents->isHidden() && m_recents->focusFirst()) return;
+            if (onMove) onMove(1);
             break;
         case Qt::Key_Escape:
             if (onEscape) onEscape();

@@ -38,6 +38,9 @@ struct SessionView {
     std::function<void()> remoteRefreshed;
     std::function<void(bool)> setEdited;
     std::function<void(bool)> setEditable;
+    // Makes the draft in the editor another one in a step that the user can undo. May call
+    // draftChanged(). Where it can't, renderEntry, which follows, shows the draft all the same.
+    std::function<void(const QString&)> editDraft;
     // Takes what an input method holds into the draft, before the draft is left.
     std::function<void()> commitComposition;
     // Whether an input method holds text that isn't in the draft yet.

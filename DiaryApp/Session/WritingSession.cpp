@@ -428,12 +428,15 @@ void WritingSession::offerKeptDraft() {
 
 void WritingSession::putBack(const diary::KeptText& kept) {
     const std::optional<QByteArray> bytes = diary::atomicfile::tryRead(kept.path);
+    call(m_view.commitComposition);
     if (!bytes || !kept.year || !pickYear(*kept.year, Focus::Editor)) return;
     const QString text = diary::text::trimmed(diary::utf8::decodedWithRepair(*bytes)).toString();
     const QString joined = withKeptText(m_draft, text);
     if (joined != m_draft) {
         draftChanged(joined);
+        call(m_view.editDraft, joined);
         call(m_view.renderEntry);
+        call(m_view.focusEditor);
         flushSaveIfDirty();
     }
     if (m_isDirty) return;

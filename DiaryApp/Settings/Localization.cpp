@@ -1,6 +1,7 @@
 #include "DiaryApp/Settings/Localization.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QTranslator>
 #include <array>
 
@@ -22,6 +23,19 @@ constexpr std::array<Row, 3> kRows = {{
      QLatin1String(":/i18n/velmar_zh_Hans.qm")},
     {Language::ja, QLatin1String("ja"), QLatin1String("ja"), QLatin1String(":/i18n/velmar_ja.qm")},
 }};
+
+// What Qt says itself, above all in its own folder dialog. The names of keys aren't asked for: they
+// stand in our menus, where they are those on the keyboard in every language.
+class QtTexts : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+
+    [[nodiscard]] QString translate(const char* context, const char* source, const char* comment,
+                                    int n) const override {
+        if (qstrcmp(context, "QShortcut") == 0) return {};
+        return QTranslator::translate(context, source, comment, n);
+    }
+};
 
 const Row& row(Language language) {
     return kRows[static_cast<std::size_t>(language)];
@@ -75,12 +89,23 @@ Language effectiveLanguage(const Settings& settings) {
     return effectiveLanguage(settings, QLocale::system().uiLanguages());
 }
 
-void install(Language language) {
-    // One translator for the process: loading another file replaces its texts, and installing it
-    // again sends the LanguageChange events.
+QString qtTextsFolder() {
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+}
+
+void install(Language language, const QString& qtTexts) {
+    // One translator each for the process: loading another file replaces its texts, and installing
+    // it again sends the LanguageChange events.
     static QTranslator* translator = new QTranslator(QCoreApplication::instance());
+    static QTranslator* qts = new QtTexts(QCoreApplication::instance());
     QCoreApplication::removeTranslator(translator);
+    QCoreApplication::removeTranslator(qts);
     installed() = language;
+    // Qt's texts in the program are English.
+    const bool hasQts =
+        language != Language::en &&
+        qts->load(locale(language), QStringLiteral("qtbase"), QStringLiteral("_"), qtTexts);
+    if (hasQts) QCoreApplication::installTranslator(qts);
     if (translator->load(row(language).file)) QCoreApplication::installTranslator(translator);
 }
 

@@ -31,9 +31,13 @@ namespace localization {
 // The same with the machine's own list.
 [[nodiscard]] Language effectiveLanguage(const Settings& settings);
 
-// Makes qtTrId() answer in this language from now on. Texts on screen stay until they are set
-// again; widgets get a LanguageChange event for that.
-void install(Language language);
+// Where the system has Qt's texts.
+[[nodiscard]] QString qtTextsFolder();
+
+// Makes qtTrId() answer in this language from now on, and Qt's own dialogs, where its texts
+// (qtbase_ja.qm) are in that folder. Texts on screen stay until they are set again; widgets get a
+// LanguageChange event for that.
+void install(Language language, const QString& qtTexts = qtTextsFolder());
 
 // The text of a key in every language of the interface, whichever is installed. Reads the other
 // languages' texts afresh, so it isn't for every keystroke.

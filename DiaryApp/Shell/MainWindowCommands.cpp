@@ -53,16 +53,18 @@ void MainWindowController::wireMenu() {
         const GrowingTextView* editor = m_window->entryView()->editor();
         const auto format = formatCommandOf(action);
         const bool isOn = format && hasEditorFocus() && editor->canFormat();
+        if (!format || !isCheckable(*format)) return State{isOn, {}};
         return State{isOn, isOn && isChecked(*format, editor->context())};
     });
     MainMenuBuilder::showStates(bar, Menu::View, [this](Action action) {
         const bool isAll = m_session->showAllYears();
-        return State{
-            true, (action == Action::OneYear && !isAll) || (action == Action::AllYears && isAll)};
+        if (action == Action::OneYear) return State{true, !isAll};
+        if (action == Action::AllYears) return State{true, isAll};
+        return State{};
     });
     MainMenuBuilder::showStates(bar, Menu::Edit, [this](Action action) {
         const bool isStep = action == Action::FindNext || action == Action::FindPrevious;
-        return State{!isStep || search().isOpen(), false};
+        return State{!isStep || search().isOpen(), {}};
     });
 }
 

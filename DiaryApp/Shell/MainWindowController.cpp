@@ -68,6 +68,7 @@ SessionView MainWindowController::sessionView() {
     view.remoteRefreshed = [this] { search().vaultRefreshed(); };
     view.setEdited = [this](bool isEdited) { m_window->setWindowModified(isEdited); };
     view.setEditable = [this](bool isOn) { m_window->entryView()->setEditable(isOn); };
+    view.editDraft = [this](const QString& draft) { m_window->entryView()->editDraft(draft); };
     view.commitComposition = [this] { commitComposition(); };
     view.isComposing = [this] { return m_window->entryView()->editor()->isComposing(); };
     view.flash = [this](SessionNotice notice) { m_alerts->flash(notice); };

@@ -37,6 +37,18 @@ protected:
 
     [[nodiscard]] QColor pixel(int x, int y) { return field.grab().toImage().pixelColor(x, y); }
 
+    // Where the caret stands, in pixels from the left; none while it isn't lit.
+    [[nodiscard]] std::vector<int> caretColumns() {
+        const QImage image = field.grab().toImage();
+        std::vector<int> columns;
+        for (int x = 20; x < image.width() - 20; ++x) {
+            if (image.pixelColor(x, image.height() / 2) == theme::color(Token::Accent)) {
+                columns.push_back(x);
+            }
+        }
+        return columns;
+    }
+
     QWidget window;
     SearchField field{&window};
     QSignalSpy edited{&field, &QLineEdit::textEdited};
@@ -85,22 +97,41 @@ TEST_F(SearchFieldTest, TheFocusShowsAsALineAndAHalo) {
 }
 
 TEST_F(SearchFieldTest, TheCaretStandsBehindTheTextInTheAccent) {
-    const auto accentAt = [this] {
-        const QImage image = field.grab().toImage();
-        std::vector<int> columns;
-        for (int x = 20; x < image.width() - 20; ++x) {
-            if (image.pixelColor(x, image.height() / 2) == theme::color(Token::Accent)) {
-                columns.push_back(x);
-            }
-        }
-        return columns;
-    };
-    EXPECT_THAT(accentAt(), testing::ElementsAre(38, 39));
+    EXPECT_THAT(caretColumns(), testing::ElementsAre(38, 39));
     QTest::keyClicks(&field, QStringLiteral("canal"));
-    const std::vector<int> columns = accentAt();
+    const std::vector<int> columns = caretColumns();
     ASSERT_EQ(columns.size(), 2U);
     const int end = 38 + field.fontMetrics().horizontalAdvance(field.text());
     EXPECT_NEAR(columns[0], end, 1);
+}
+
+TEST_F(SearchFieldTest, TheCaretBlinksAndIsLitByAKey) {
+    ASSERT_GT(appearance::caretFlashTime(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caretColumns().empty(); }, 10'000));
+    QTest::keyClick(&field, Qt::Key_Left);
+    EXPECT_EQ(caretColumns().size(), 2U);
+}
+
+TEST_F(SearchFieldTest, BehindAnotherWindowTheCaretIsOutAndNothingIsPainted) {
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_TRUE(caretColumns().empty());
+    struct Paints : QObject {
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Paint) ++count;
+            return QObject::eventFilter(watched, event);
+        }
+        int count = 0;
+    } paints;
+    QCoreApplication::processEvents();
+    field.installEventFilter(&paints);
+    QTest::qWait(appearance::caretFlashTime() + 100);
+    EXPECT_EQ(paints.count, 0);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(caretColumns().size(), 2U);
 }
 
 }  // namespace

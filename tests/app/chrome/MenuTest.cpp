@@ -163,7 +163,8 @@ TEST_F(MenuTest, TextsFollowTheLanguage) {
 
 TEST_F(MenuTest, AnOpenedMenuShowsWhatIsOffAndWhatIsOn) {
     MainMenuBuilder::showStates(bar, Menu::Format, [](Action action) {
-        return MainMenuBuilder::ItemState{action != Action::Bold, action == Action::Quote};
+        if (action == Action::Bold) return MainMenuBuilder::ItemState{false, {}};
+        return MainMenuBuilder::ItemState{true, action == Action::Quote};
     });
     QAction* bold = MainMenuBuilder::item(bar, Action::Bold);
     QAction* quote = MainMenuBuilder::item(bar, Action::Quote);
@@ -171,7 +172,10 @@ TEST_F(MenuTest, AnOpenedMenuShowsWhatIsOffAndWhatIsOn) {
     ASSERT_NE(menu, nullptr);
     menu->popup({});
     EXPECT_FALSE(bold->isEnabled());
-    EXPECT_FALSE(bold->isChecked());
+    EXPECT_FALSE(bold->isCheckable());
+    EXPECT_TRUE(MainMenuBuilder::item(bar, Action::ToDo)->isCheckable())
+        << "what can be checked can be while it isn't, too";
+    EXPECT_FALSE(MainMenuBuilder::item(bar, Action::ToDo)->isChecked());
     EXPECT_TRUE(quote->isEnabled());
     EXPECT_TRUE(quote->isChecked());
     menu->close();

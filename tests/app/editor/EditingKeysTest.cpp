@@ -365,13 +365,16 @@ TEST_F(EditingKeysTest, TheContextMenuHasTheCommandsWithTheirMarks) {
     ASSERT_NE(format, nullptr);
     QStringList checked;
     int count = 0;
+    int checkable = 0;
     for (const QAction* item : format->actions()) {
         if (item->isSeparator()) continue;
         ++count;
         EXPECT_TRUE(item->isEnabled());
         if (item->isChecked()) checked.append(item->text());
+        if (item->isCheckable()) ++checkable;
     }
     EXPECT_EQ(count, 16);
+    EXPECT_EQ(checkable, 8) << "the kinds of a line, whichever this one is of";
     EXPECT_EQ(checked, QStringList{QStringLiteral("To-Do")});
     format->actions().first()->trigger();
     EXPECT_EQ(shown(), QStringLiteral("- [ ] a**|**"));

@@ -69,6 +69,31 @@ TEST_F(EntryViewTest, TheHintTakesTheEditorsPlace) {
     EXPECT_TRUE(editor().isVisible());
 }
 
+TEST_F(EntryViewTest, TheHintsPageTakesTheKeys) {
+    state.day = {2, 29};
+    show();
+    EXPECT_EQ(window.focusWidget(), &oneYear());
+    window.setFocus();
+    view.focusEditor();
+    EXPECT_EQ(window.focusWidget(), &oneYear());
+    state.day = {3, 1};
+    show();
+    view.focusEditor();
+    EXPECT_EQ(window.focusWidget(), &editor());
+}
+
+// As with the year calendar, which stands ahead of the window while a day is picked in it.
+TEST_F(EntryViewTest, TheHintsPageTakesTheKeysBehindAnotherWindowToo) {
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_FALSE(editor().hasFocus());
+    state.day = {2, 29};
+    show();
+    EXPECT_EQ(window.focusWidget(), &oneYear());
+}
+
 TEST_F(EntryViewTest, ScrollsAsAWholeAndKeepsTheCaretInView) {
     state.draft = manyLines(60);
     show();

@@ -333,5 +333,88 @@ TEST_F(SearchControllerTest, FilesThatWereMissingAreSearchedAgainAfterARefresh) 
     EXPECT_TRUE(session().result);
 }
 
+class RepeatedSearchTest : public test::SearchFixture {
+protected:
+    // "canal" was found on three pages, and a file is still to come.
+    RepeatedSearchTest() {
+        controller->showSearch();
+        type(QStringLiteral("canal"));
+        timers.advance(SearchController::searchDelay);
+        answerPartly();
+    }
+
+    void answerPartly() {
+        diary::SearchResult partial = found(started.back().query);
+        partial.pendingDownloads = 1;
+        started.back().finish(partial);
+    }
+
+    // A file of a newer year arrives, whose hit goes ahead of the others.
+    void refresh() {
+        pages[{{1, 2}, 2027}] = QStringLiteral("The canal, once more.");
+        controller->vaultRefreshed();
+    }
+
+    [[nodiscard]] const diary::SearchHit& selectedHit() const {
+        return session().result->hits.at(static_cast<std::size_t>(session().selected.value()));
+    }
+};
+
+TEST_F(RepeatedSearchTest, KeepsTheHitAndTheMatchThatAreSelected) {
+    ASSERT_EQ(session().selected, 0);
+    controller->stepMatch(1);
+    refresh();
+    answer();
+    EXPECT_EQ(session().result->hits.size(), 4U);
+    EXPECT_EQ(session().selected, 1);
+    EXPECT_EQ(selectedHit().monthDay, (MonthDay{11, 21}));
+    EXPECT_EQ(selectedHit().year, 2026);
+    EXPECT_EQ(session().currentMatch, 1);
+}
+
+TEST_F(RepeatedSearchTest, TurnsNoPageThatTheUserWentTo) {
+    controller->select(2);
+    ASSERT_EQ(year, 2021);
+    day = {3, 7};
+    year = 2025;
+    refresh();
+    calls.clear();
+    answer();
+    EXPECT_EQ(selectedHit().year, 2021);
+    EXPECT_EQ(day, (MonthDay{3, 7}));
+    EXPECT_THAT(calls, ElementsAre(QStringLiteral("sidebar"), QStringLiteral("entry"),
+                                   QStringLiteral("rail")));
+}
+
+TEST_F(RepeatedSearchTest, SelectsAnewWhereTheHitIsGone) {
+    controller->select(2);
+    pages[{{11, 21}, 2021}] = QStringLiteral("The river by night.");
+    refresh();
+    answer();
+    EXPECT_EQ(session().selected, 0);
+    EXPECT_EQ(selectedHit().year, 2027);
+}
+
+TEST_F(RepeatedSearchTest, AnotherLineIsNoRepetition) {
+    controller->select(2);
+    day = {3, 7};
+    year = 2025;
+    // The pause after the last key isn't over yet.
+    type(QStringLiteral("the"));
+    refresh();
+    answer();
+    EXPECT_EQ(session().terms, QStringList(QStringLiteral("the")));
+    EXPECT_EQ(session().selected, 0);
+}
+
+TEST_F(RepeatedSearchTest, IsTheSystemsDoing) {
+    controller->select(2);
+    day = {3, 7};
+    year = 2025;
+    controller->useRecentSearch(QStringLiteral("canal"));
+    answer();
+    EXPECT_EQ(session().selected, 0) << "who searches again wants the first hit";
+}
+
 }  // namespace
 }  // namespace velmar

@@ -3,6 +3,7 @@
 #include <QtGui/QAccessible>
 #include <QtGui/QAction>
 #include <QtGui/QInputMethodEvent>
+#include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 
@@ -41,6 +42,13 @@ protected:
             if (!chip->isHidden()) shown.push_back(chip);
         }
         return shown;
+    }
+
+    static SearchSession withoutQuery() {
+        SearchSession made;
+        made.years = {2026};
+        made.generation = 1;
+        return made;
     }
 
     // What stands on the chips, the one that is on in brackets.
@@ -336,10 +344,7 @@ TEST_F(SearchPaneViewTest, StepsInTheListPassTheHeads) {
 }
 
 TEST_F(SearchPaneViewTest, RecentSearchesStandInForTheRows) {
-    SearchSession session;
-    session.years = {2026};
-    session.generation = 1;
-    show(session);
+    show(withoutQuery());
     EXPECT_FALSE(list().isVisible());
     const auto rows = pane.findChildren<RecentSearchRow*>();
     ASSERT_EQ(rows.size(), 5);
@@ -351,6 +356,49 @@ TEST_F(SearchPaneViewTest, RecentSearchesStandInForTheRows) {
     show(canal());
     EXPECT_TRUE(list().isVisible());
     EXPECT_FALSE(rows[0]->isVisible());
+}
+
+TEST_F(SearchPaneViewTest, TheArrowsLeadFromTheEmptyFieldThroughTheRecentSearchesAndBack) {
+    show(withoutQuery());
+    const auto rows = pane.findChildren<RecentSearchRow*>();
+    ASSERT_EQ(rows.size(), 5);
+    QTest::keyClick(&field(), Qt::Key_Down);
+    EXPECT_TRUE(rows[0]->hasFocus());
+    const auto* ring = window.findChild<QFocusFrame*>();
+    ASSERT_NE(ring, nullptr);
+    EXPECT_EQ(ring->widget(), rows[0]);
+    EXPECT_TRUE(ring->isVisible());
+    for (int i = 1; i < 5; ++i) {
+        QTest::keyClick(rows[i - 1], Qt::Key_Down);
+        EXPECT_TRUE(rows[i]->hasFocus()) << i;
+    }
+    QTest::keyClick(rows[4], Qt::Key_Down);
+    EXPECT_TRUE(rows[4]->hasFocus()) << "there is nothing below the last one";
+    QTest::keyClick(rows[4], Qt::Key_Up);
+    QTest::keyClick(rows[3], Qt::Key_Return);
+    EXPECT_THAT(recents, ElementsAre(QStringLiteral("2024-03")));
+    rows[0]->setFocus();
+    QTest::keyClick(rows[0], Qt::Key_Up);
+    EXPECT_TRUE(field().hasFocus());
+    EXPECT_TRUE(moves.empty());
+}
+
+TEST_F(SearchPaneViewTest, WithoutRecentSearchesTheArrowsStayInTheField) {
+    const SearchPaneContext context{2026, {}, localization::installedLanguage()};
+    pane.render(searchPaneState(withoutQuery(), context));
+    QTest::keyClick(&field(), Qt::Key_Down);
+    EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(SearchPaneViewTest, ARecentSearchIsReadAsItWasTyped) {
+    const SearchPaneContext context{
+        2026, {QStringLiteral("R&D")}, localization::installedLanguage()};
+    pane.render(searchPaneState(withoutQuery(), context));
+    auto* row = pane.findChild<RecentSearchRow*>();
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(row)->text(QAccessible::Name),
+              QStringLiteral("R&D"));
+    EXPECT_TRUE(row->shortcut().isEmpty()) << "its letters are no keys";
 }
 
 TEST_F(SearchPaneViewTest, NothingFoundLeadsOutOfAYear) {

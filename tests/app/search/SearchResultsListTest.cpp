@@ -13,7 +13,7 @@ namespace {
 
 // Letters so narrow, or so wide, that a line's height can't be told by their number.
 const QString kNarrow = QStringLiteral("ill it, till it, fill it, lilt, tilt, if it, ill.");
-const QString kWide = QStringLiteral("WOMMM WOMMM WOMMM WOMMM WOMMM WOMMM WOMMM WOMMM");
+const QString kWide = QStringLiteral("WOMMM WOMMM WOMMM WOMMM");
 
 class SearchResultsListTest : public test::SearchPaneFixture {
 protected:
@@ -126,6 +126,26 @@ TEST_F(SearchResultsListTest, OtherRowsAndAnotherWidthAreMeasuredAnew) {
     list().resize(200, list().height());
     EXPECT_TRUE(QTest::qWaitFor([this] { return isWhole(); }, 10000));
     expectExactWindow();
+}
+
+// 50 Chinese letters would fill four lines.
+TEST_F(SearchResultsListTest, ASnippetOfAnyScriptTakesTwoLinesAndShowsItsMatch) {
+    const double width = SearchRowDelegate::snippetWidth(268);
+    const QString before(14, QChar(u'雨'));
+    const QString after(30, QChar(u'雪'));
+    const QString text = u'…' + before + QStringLiteral("运河") + after + u'…';
+    const SnippetLayout layout(text, {{15, 2}}, width);
+    EXPECT_EQ(layout.lineCount(), 2);
+    const std::vector<QRectF> marks = layout.markBoxes();
+    double marked = 0;
+    for (const QRectF& mark : marks) {
+        EXPECT_LE(mark.right(), width);
+        EXPECT_LE(mark.bottom(), 2 * SnippetLayout::lineHeight);
+        marked += mark.width();
+    }
+    EXPECT_NEAR(marked, 2 * 14, 1) << "both letters, each 14 wide";
+    EXPECT_EQ(SnippetLayout::likelyLineCount(text, width), 2);
+    EXPECT_EQ(SnippetLayout::lineCount(QStringLiteral("今天下雨"), width), 1);
 }
 
 TEST_F(SearchResultsListTest, AHeightIsLikelyUntilItIsMeasured) {

@@ -1,5 +1,7 @@
 #include "DiaryApp/Settings/Localization.h"
 
+#include <QtCore/QCoreApplication>
+
 #include "SettingsFixture.h"
 
 namespace velmar {
@@ -62,6 +64,24 @@ TEST_F(LocalizationTest, SwitchesAtRunTime) {
     EXPECT_EQ(localization::installedLanguage(), Language::zhHans);
     localization::install(Language::en);
     EXPECT_EQ(qtTrId("Today"), QStringLiteral("Today"));
+}
+
+TEST_F(LocalizationTest, QtsOwnTextsFollowWhereTheyAreInstalled) {
+    const QString folder = QStringLiteral(VELMAR_QT_TEXTS);
+    const auto cancel = [] { return QCoreApplication::translate("QPlatformTheme", "Cancel"); };
+    localization::install(Language::ja, folder);
+    EXPECT_EQ(cancel(), QStringLiteral("キャンセル"));
+    localization::install(Language::zhHans, folder);
+    EXPECT_EQ(cancel(), QStringLiteral("取消"));
+    EXPECT_EQ(qtTrId("Today"), QStringLiteral("今天")) << "ours stay ours";
+    EXPECT_EQ(QCoreApplication::translate("QShortcut", "Left"), QStringLiteral("Left"))
+        << "the names of keys in our menus";
+    localization::install(Language::en, folder);
+    EXPECT_EQ(cancel(), QStringLiteral("Cancel"));
+    localization::install(Language::ja, QStringLiteral("/nowhere"));
+    EXPECT_EQ(cancel(), QStringLiteral("Cancel"));
+    EXPECT_EQ(qtTrId("Today"), QStringLiteral("今日"));
+    localization::install(Language::en);
 }
 
 TEST_F(LocalizationTest, CountsHaveTheirPlurals) {

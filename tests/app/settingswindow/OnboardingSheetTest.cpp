@@ -2,6 +2,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QAccessible>
+#include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QLineEdit>
 
 #include "DiaryApp/Appearance/Button.h"
@@ -45,6 +46,30 @@ TEST_F(OnboardingSheetTest, ReturnTakesTheCloud) {
     EXPECT_EQ(answers, QList<VaultChoice>({VaultChoice::cloud}));
     ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.isNull(); }));
     EXPECT_EQ(window.focusWidget(), &field);
+}
+
+// At a start the sheet comes before the window has the keys.
+TEST_F(OnboardingSheetTest, TheRingShowsWhereReturnGoesOnceTheWindowIsActive) {
+    QWidget late;
+    late.resize(1360, 840);
+    late.show();
+    auto* early = OnboardingSheet::show(&late, [](VaultChoice) {});
+    const auto ringed = [&late]() -> QWidget* {
+        for (const auto* frame : late.findChildren<QFocusFrame*>()) {
+            if (frame->widget() != nullptr) return frame->widget();
+        }
+        return nullptr;
+    };
+    ASSERT_FALSE(late.isActiveWindow());
+    late.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&late));
+    EXPECT_TRUE(early->cloudButton()->hasFocus());
+    EXPECT_EQ(ringed(), early->cloudButton());
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    late.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&late));
+    EXPECT_EQ(ringed(), early->cloudButton()) << "it comes back with its window";
 }
 
 TEST_F(OnboardingSheetTest, TheSecondButtonStaysOnThisComputer) {

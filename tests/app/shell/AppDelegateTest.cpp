@@ -4,8 +4,11 @@
 #include "DiaryApp/Appearance/Button.h"
 #include "DiaryApp/Chrome/StatusBarView.h"
 #include "DiaryApp/SettingsWindow/OnboardingSheet.h"
+#include "DiaryApp/SettingsWindow/PathField.h"
+#include "DiaryApp/SettingsWindow/SettingsWindow.h"
 #include "DiaryApp/SettingsWindow/SettingsWindowController.h"
 #include "DiaryKit/Files/TemporaryName.h"
+#include "DiaryKit/Files/UserFolders.h"
 #include "tests/app/shell/ShellFixture.h"
 
 namespace velmar {
@@ -104,6 +107,38 @@ TEST_F(AppDelegateTest, AVaultThatCannotBeSavedToIsLeftWithItsDraftKept) {
     EXPECT_EQ(session().store().rootURL(), otherVault.path());
     const MainWindow* window = delegate.mainWindowController()->window();
     EXPECT_TRUE(window->statusBar()->isFlashing()) << "the new window tells of it";
+}
+
+// Files stand where the folders for what can't be saved would be made.
+TEST_F(AppDelegateTest, AVaultWhoseDraftCanBeNeitherSavedNorKeptStays) {
+    QDir().mkpath(vault.filePath(day() + QLatin1String(".md")));
+    QStringList inTheWay;
+    const QString vaultsName = session().store().keptTexts().folder().section(u'/', -1);
+    for (const QString& base :
+         {diary::userStateFolder(), diary::userRuntimeFolder(), diary::userTemporaryFolder()}) {
+        if (base.isEmpty()) continue;
+        QDir().mkpath(base + QLatin1String("/kept"));
+        inTheWay += base + QLatin1String("/kept/") + vaultsName;
+        ASSERT_TRUE(QFile(inTheWay.last()).open(QIODevice::WriteOnly));
+    }
+    const MainWindowController* before = delegate.mainWindowController();
+    settings.setVaultPath(otherVault.path());
+    preferences().onVaultChanged();
+    EXPECT_EQ(delegate.mainWindowController(), before);
+    EXPECT_TRUE(before->window()->isVisible());
+    EXPECT_EQ(session().store().rootURL(), vault.path());
+    EXPECT_EQ(settings.vaultPath(), vault.path()) << "the next start opens it as well";
+    EXPECT_EQ(preferences().window()->findChild<PathField*>()->toolTip(), vault.path());
+    EXPECT_EQ(text()->draft(), u"words");
+    EXPECT_TRUE(session().isDirty());
+    EXPECT_TRUE(before->window()->statusBar()->isFlashing()) << "it is said";
+
+    for (const QString& each : inTheWay) QFile::remove(each);
+    settings.setVaultPath(otherVault.path());
+    preferences().onVaultChanged();
+    EXPECT_EQ(session().store().rootURL(), otherVault.path());
+    EXPECT_EQ(diary::KeptTexts(vault.path()).list(day(), diary::KeptReason::UnsavedDraft).size(),
+              1U);
 }
 
 TEST_F(AppDelegateTest, TheNewWindowFollowsTheSettingsToo) {

@@ -119,6 +119,29 @@ TEST_F(MainWindowControllerTest, PutsAKeptDraftBackAtTheLink) {
     EXPECT_TRUE(bar->linkRect().isEmpty());
 }
 
+TEST_F(MainWindowControllerTest, UndoTakesBackWhatWasPutBackAndNothingElse) {
+    type(QStringLiteral("here"));
+    controller->perform(Action::Save);
+    controller->session().store().keptTexts().keep(today.monthDay().headerTitle(), today.year,
+                                                   diary::KeptReason::UnsavedDraft, "precious",
+                                                   QDateTime::currentDateTime());
+    controller->perform(Action::Today);
+    type(QStringLiteral("!"));
+    StatusBarView* bar = controller->window()->statusBar();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->linkRect().center());
+    EXPECT_EQ(editor()->draft(), u"here!\n\nprecious");
+    EXPECT_EQ(editor()->selection(), (diary::TextRange{15, 0}));
+    ASSERT_EQ(window()->focusWidget(), editor());
+    controller->perform(Action::Undo);
+    EXPECT_EQ(editor()->draft(), u"here!");
+    EXPECT_EQ(controller->session().draft(), u"here!");
+    controller->perform(Action::Save);
+    EXPECT_EQ(onDisk(), u"here!");
+    controller->perform(Action::Redo);
+    controller->perform(Action::Save);
+    EXPECT_EQ(onDisk(), u"here!\n\nprecious");
+}
+
 TEST_F(MainWindowControllerTest, LeadsFromPaneToPaneByF6) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     ASSERT_EQ(window()->focusWidget(), editor());

@@ -1,4 +1,4 @@
-#include "DiaryApp/Editor/CaretBlink.h"
+#include "DiaryApp/Appearance/CaretBlink.h"
 
 #include <gtest/gtest.h>
 
