@@ -3,11 +3,14 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QContextMenuEvent>
 #include <QtGui/QDropEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
 #include <algorithm>
 #include <array>
@@ -55,6 +58,19 @@ void MainWindow::addFocusKeys() {
     connect(menus, &QShortcut::activated, this, [this] {
         if (m_menuBar != nullptr) m_menuBar->setActiveAction(m_menuBar->actions().constFirst());
     });
+    // For keyboards without a Menu key.
+    const auto* context = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this);
+    connect(context, &QShortcut::activated, this, &MainWindow::openContextMenu);
+}
+
+// Of what has the keys, below its caret.
+void MainWindow::openContextMenu() {
+    QWidget* focus = focusWidget();
+    if (focus == nullptr) return;
+    const QRect caret = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    const QPoint place = caret.isValid() ? caret.bottomLeft() : focus->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+    QApplication::sendEvent(focus, &event);
 }
 
 void MainWindow::focusNextPane(int step) {
@@ -161,6 +177,14 @@ void MainWindow::paintEvent(QPaintEvent* /*event*/) {
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && onEscape) return onEscape();
     QWidget::keyPressEvent(event);
+}
+
+void MainWindow::mousePressEvent(QMouseEvent* event) {
+    const bool isBack = event->button() == Qt::BackButton;
+    if ((isBack || event->button() == Qt::ForwardButton) && onPageButton) {
+        return onPageButton(isBack ? -1 : 1);
+    }
+    QWidget::mousePressEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

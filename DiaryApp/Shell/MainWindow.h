@@ -45,6 +45,8 @@ public:
     [[nodiscard]] bool hasColumns() const { return m_hasColumns; }
     // The Escape key, where nothing that has the focus wants it.
     std::function<void()> onEscape;
+    // The mouse's back (-1) or forward (1) button, wherever in the window.
+    std::function<void(int)> onPageButton;
     // Files were dropped, wherever in the window.
     std::function<void(const QList<QUrl>&)> onFilesDropped;
     // Whether the window may close now. Asked at each close; absent means yes.
@@ -61,12 +63,14 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void addFocusKeys();
+    void openContextMenu();
     void focusNextPane(int step);
     bool focusPane(QWidget* pane);
     static void joinFocusChain(const QWidget* pane, QWidget* behind);

@@ -37,6 +37,9 @@ void MainWindowController::wire() {
     m_window->onFilesDropped = [this](const QList<QUrl>& files) {
         if (onImportDrop) onImportDrop(files);
     };
+    m_window->onPageButton = [this](int step) {
+        perform(step < 0 ? Action::PreviousDay : Action::NextDay);
+    };
     m_window->onFirstPaint = [this] { completeWindow(); };
     wireMenu();
     wireEntry();

@@ -172,6 +172,27 @@ TEST_F(MainWindowControllerTest, OpensTheFirstMenuByF10) {
     EXPECT_EQ(window()->focusWidget(), editor());
 }
 
+TEST_F(MainWindowControllerTest, OpensTheContextMenuOfTheTextByShiftF10) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    QTest::keyClick(editor(), Qt::Key_F10, Qt::ShiftModifier);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->parentWidget(), editor());
+    EXPECT_TRUE(QRect(window()->mapToGlobal(QPoint()), window()->size()).contains(menu->pos()));
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_EQ(window()->focusWidget(), editor());
+}
+
+TEST_F(MainWindowControllerTest, TheMousesBackAndForwardButtonsWalkTheDaysFromAnywhere) {
+    for (QWidget* place : {static_cast<QWidget*>(window()), editor()->viewport(),
+                           static_cast<QWidget*>(window()->sidebar())}) {
+        QTest::mouseClick(place, Qt::BackButton, {}, place->rect().center());
+        EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay().advanced(-1));
+        QTest::mouseClick(place, Qt::ForwardButton, {}, place->rect().center());
+        EXPECT_EQ(controller->session().currentMonthDay(), today.monthDay());
+    }
+}
+
 TEST_F(MainWindowControllerTest, KeepsADraftAtOnceWhenItsSaveFailsAtTheEnd) {
     QDir().mkpath(vault.filePath(fileName()));
     type(QStringLiteral("precious"));
