@@ -37,8 +37,9 @@ struct DeviceIDStore {
 [[nodiscard]] QString idStem(const QDateTime& moment, const QTimeZone& zone, ImportSource source);
 
 // All records, newest first, those of one moment by file name; one that is still being written has
-// what its journal tells. What can't be read or isn't a record is left out, and so is an import
-// that was undone more than 30 days before `now`. Never throws, never removes anything.
+// what its journal tells. What can't be read or isn't a record is left out, and so are the copies
+// of records that sync services make, and imports that were undone more than 30 days before `now`.
+// Never throws, never removes anything.
 [[nodiscard]] std::vector<ImportRecord> records(const QString& vault, const QDateTime& now);
 
 // The record with the files, days and entries that its journal in `folder` tells, of several lines

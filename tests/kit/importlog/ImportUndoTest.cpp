@@ -249,6 +249,36 @@ TEST_F(UndoTest, IsFinalAndLeavesALaterImportOfTheSameEntriesAlone) {
     EXPECT_EQ(m_vault.read(kDay), kAppended);
 }
 
+TEST_F(UndoTest, IsFinalForWhoeverListsTheUndoneRecordToo) {
+    undo(imported(), m_vault.path(), moment(9));
+    const ImportRecord undone = onlyRecord(m_vault.path());
+    importInto(m_vault.path(), batchOf({entry({2024, 1, 2}, QStringLiteral("imported"))}), 60);
+    EXPECT_EQ(undo(undone, m_vault.path(), moment(90)), UndoResult());
+    EXPECT_EQ(m_vault.read(kDay), kAppended);
+}
+
+// A sync service may bring back an older file.
+TEST_F(UndoTest, KnowsMoreThanARecordThatFellBackToItsBeginning) {
+    const ImportRecord record = imported();
+    ImportRecord begun = record;
+    begun.state = State::writing;
+    begun.files.clear();
+    put(begun);
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
+    EXPECT_EQ(m_vault.read(kDay), kOld);
+    EXPECT_EQ(onlyRecord(m_vault.path()).files, record.files);
+}
+
+TEST_F(UndoTest, KnowsMoreThanAJournalThatIsGone) {
+    ImportRecord record = imported();
+    record.state = State::writing;
+    ImportRecord begun = record;
+    begun.files.clear();
+    put(begun);
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
+    EXPECT_EQ(m_vault.read(kDay), kOld);
+}
+
 TEST_F(UndoTest, LetsTheSameEntriesBeImportedAgain) {
     const ImportRecord record = imported();
     undo(record, m_vault.path(), moment(9));
