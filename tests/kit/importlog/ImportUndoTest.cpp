@@ -1,6 +1,7 @@
 #include "DiaryKit/Import/ImportUndo.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -200,6 +201,21 @@ TEST_F(UndoTest, ASecondTryIsNotSureOfADayThatWasEditedSinceTheFirst) {
     EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kEdited);
     EXPECT_EQ(m_vault.read(kDay), "# 01-02\n\n## 2024\n\nold\n\nimported\n");
     EXPECT_FALSE(m_vault.exists(journal));
+}
+
+// The day's file is made the journal's other name, so it changes between being read and written.
+TEST_F(UndoTest, NeverWritesOverWhatAnotherProgramWritesAtThatMoment) {
+    const ImportRecord record = imported();
+    const QByteArray edited = QByteArray(kAppended) + "\nmine\n";
+    const QString journal = importsPath(record, QStringLiteral("/undo.jsonl"));
+    m_vault.write(journal, edited);
+    QFile::remove(m_vault.filePath(kDay));
+    ASSERT_EQ(::link(QFile::encodeName(m_vault.filePath(journal)).constData(),
+                     QFile::encodeName(m_vault.filePath(kDay)).constData()),
+              0);
+    EXPECT_EQ(failure(record), std::pair(FileOperation::Write, ESTALE));
+    EXPECT_TRUE(m_vault.read(kDay).startsWith(edited));
+    EXPECT_EQ(onlyRecord(m_vault.path()), record);
 }
 
 TEST_F(UndoTest, StopsAtARecordThatContradictsItself) {
