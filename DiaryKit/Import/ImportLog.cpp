@@ -110,7 +110,7 @@ void markDone(const ImportRecord& record, const QString& vault) {
     const QString folder = directory(vault);
     withImport(folder, record.id, [&] {
         ImportRecord done = currentRecord(record, folder);
-        if (done.state != State::undone) {
+        if (done.state == State::writing || done.state == record.state) {
             done.state = State::done;
             saveRecord(done, folder);
         }

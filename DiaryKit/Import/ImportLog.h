@@ -63,9 +63,9 @@ struct DeviceIDStore {
 [[nodiscard]] bool isBeingWritten(const ImportRecord& record, const QString& vault);
 
 // Accepts a cut-off import as far as it came by now: the one of `record`, as `records` gives it,
-// becomes "done". One that has been finished or undone since it was listed stays so. Throws
-// FileError if that can't be saved, or (Coordinate, EBUSY) while the import is being written. That
-// its journal can't be removed is passed over.
+// becomes "done". One that has been finished or undone since it was listed stays so; one that was
+// listed as undone isn't to be given. Throws FileError if that can't be saved, or (Coordinate,
+// EBUSY) while the import is being written. That its journal can't be removed is passed over.
 void markDone(const ImportRecord& record, const QString& vault);
 
 // Removes the temporaries that dead processes of this machine left in the folders of the records,

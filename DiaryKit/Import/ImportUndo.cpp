@@ -179,7 +179,7 @@ UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTim
     withImport(folder, record.id, [&] {
         // The import may have come further, or been undone, since the caller listed it.
         ImportRecord undone = currentRecord(record, folder);
-        if (undone.state != State::undone) {
+        if (undone.state != State::undone || record.state == State::undone) {
             result = undoDays(undone, vault, folder);
             undone.state = State::undone;
             undone.undoneAt = now;

@@ -166,14 +166,6 @@ TEST_F(ImportLogTest, KeepingMakesThePartialImportDone) {
     EXPECT_FALSE(m_vault.exists(importsPath(record, kJournal)));
 }
 
-TEST_F(ImportLogTest, AnUndoneImportIsNeverKept) {
-    ImportRecord record = recordOf(QStringLiteral("one"), State::undone);
-    record.undoneAt = moment();
-    put(record);
-    markDone(record, m_vault.path());
-    EXPECT_EQ(onlyRecord(m_vault.path()), record);
-}
-
 // Two machines changed one record, and a sync service kept both under names of its own.
 TEST_F(ImportLogTest, ListsARecordOnceThatASyncServiceHasCopied) {
     ImportRecord record = recordOf(QStringLiteral("one"), State::undone);

@@ -265,14 +265,6 @@ TEST_F(UndoTest, IsFinalAndLeavesALaterImportOfTheSameEntriesAlone) {
     EXPECT_EQ(m_vault.read(kDay), kAppended);
 }
 
-TEST_F(UndoTest, IsFinalForWhoeverListsTheUndoneRecordToo) {
-    undo(imported(), m_vault.path(), moment(9));
-    const ImportRecord undone = onlyRecord(m_vault.path());
-    importInto(m_vault.path(), batchOf({entry({2024, 1, 2}, QStringLiteral("imported"))}), 60);
-    EXPECT_EQ(undo(undone, m_vault.path(), moment(90)), UndoResult());
-    EXPECT_EQ(m_vault.read(kDay), kAppended);
-}
-
 // A sync service may bring back an older file.
 TEST_F(UndoTest, KnowsMoreThanARecordThatFellBackToItsBeginning) {
     const ImportRecord record = imported();
