@@ -69,7 +69,7 @@ std::optional<QString> readWeather(JsonCursor& json) {
 
 void readMember(JsonCursor& json, const QString& key, RawEntry& entry) {
     if (key == u"photos") {
-        entry.photos = elementCount(json);
+        entry.photos = json.elementCount();
     } else if (key == u"date_journal") {
         entry.milliseconds = json.optionalNumber();
     } else if (key == u"timezone") {

@@ -6,16 +6,6 @@ namespace diary {
 
 using Kind = JsonCursor::Kind;
 
-int elementCount(JsonCursor& json) {
-    int count = 0;
-    if (!json.skipUnless(Kind::Array)) return count;
-    json.eachElement([&] {
-        json.skip();
-        ++count;
-    });
-    return count;
-}
-
 QStringList textList(JsonCursor& json) {
     QStringList texts;
     if (!json.skipUnless(Kind::Array)) return texts;

@@ -145,8 +145,10 @@ bool isThere(const QByteArray& target, struct stat& status) {
     return true;
 }
 
+// `check` runs right ahead of the renaming, and throws to prevent it.
+template <typename Check>
 FileStamp replace(const QByteArray& path, QByteArrayView bytes, Durability durability,
-                  NewMode newMode) {
+                  NewMode newMode, Check check) {
     const QByteArray target = linkedPath(path);
     struct stat old {};
     const bool isReplacing = isThere(target, old);
@@ -163,6 +165,7 @@ FileStamp replace(const QByteArray& path, QByteArrayView bytes, Durability durab
     // Renaming leaves inode and moment as they are, so this is the stamp under the target's name.
     struct stat written {};
     require(::fstat(temporary.file().number(), &written) == 0);
+    check(target);
     temporary.renameTo(target);
     if (durability == Durability::Synced) syncFolder(folder);
     return fileStamp(written);
@@ -204,6 +207,16 @@ QByteArray allBytes(const QByteArray& path) {
     return bytes;
 }
 
+// Absent without a file; every other failure is raised.
+std::optional<QByteArray> bytesIfThere(const QByteArray& path) {
+    try {
+        return allBytes(path);
+    } catch (const SystemFailure& failure) {
+        if (failure.code == ENOENT) return std::nullopt;
+        throw;
+    }
+}
+
 bool isFolder(const QByteArray& path) {
     struct stat status {};
     return ::stat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
@@ -227,8 +240,20 @@ void makeFolders(QByteArray path, mode_t mode) {
 }  // namespace
 
 FileStamp write(const QString& path, QByteArrayView bytes, Durability durability, NewMode newMode) {
-    return reporting(FileOperation::Write, path,
-                     [&] { return replace(QFile::encodeName(path), bytes, durability, newMode); });
+    return reporting(FileOperation::Write, path, [&] {
+        return replace(QFile::encodeName(path), bytes, durability, newMode,
+                       [](const QByteArray&) {});
+    });
+}
+
+FileStamp writeOver(const QString& path, const std::optional<QByteArray>& expected,
+                    QByteArrayView bytes) {
+    return reporting(FileOperation::Write, path, [&] {
+        return replace(QFile::encodeName(path), bytes, Durability::Synced, NewMode::ByMask,
+                       [&](const QByteArray& target) {
+                           if (bytesIfThere(target) != expected) throw SystemFailure{ESTALE};
+                       });
+    });
 }
 
 QByteArray read(const QString& path) {

@@ -36,6 +36,13 @@ enum class NewMode {
 FileStamp write(const QString& path, QByteArrayView bytes,
                 Durability durability = Durability::Synced, NewMode newMode = NewMode::ByMask);
 
+// The same, synced, if the file holds `expected`, or isn't there where that is absent; otherwise
+// nothing is written, and the FileError has the code ESTALE. The file is looked at right ahead of
+// the renaming, so that what a program wrote that takes no part in the coordination of the vault,
+// such as a sync service, is hardly ever replaced unseen.
+FileStamp writeOver(const QString& path, const std::optional<QByteArray>& expected,
+                    QByteArrayView bytes);
+
 // All bytes of the file. Throws FileError (Read); a missing file has the code ENOENT, a folder
 // EISDIR, a pipe or device EINVAL.
 [[nodiscard]] QByteArray read(const QString& path);

@@ -78,7 +78,8 @@ const ProcessIdentity& ProcessIdentity::current() {
     while (known == nullptr || known->identity.pid != pid) {
         const ProcessIdentity identity{
             .host = hostName(),
-            .boot = QString::fromLatin1(systemText("/proc/sys/kernel/random/boot_id").first(8)),
+            // Empty where the system doesn't tell; nobody removes such a temporary.
+            .boot = QString::fromLatin1(systemText("/proc/sys/kernel/random/boot_id").left(8)),
             .pid = pid,
             .start = startOf(pid).value_or(0)};
         auto made = std::make_unique<const KnownIdentity>(KnownIdentity{identity, known});

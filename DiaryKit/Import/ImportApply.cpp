@@ -147,13 +147,15 @@ private:
 
     void perform(DayWrite write, const QString& path, const std::optional<QString>& text,
                  ImportJournal& journal) {
+        std::optional<QByteArray> before;
         if (text) {
+            before = text->toUtf8();
             const QString copy =
                 beforeFolder(m_folder, m_record.id) + u'/' + write.file.day + QLatin1String(".md");
-            atomicfile::write(copy, text->toUtf8());
+            atomicfile::write(copy, *before);
         }
         journal.append(write.file, Durability::Synced);
-        atomicfile::write(path, write.text.toUtf8());
+        atomicfile::writeOver(path, before, write.text.toUtf8());
         write.file.committed = true;
         m_record.entries += write.entryCount;
         ++m_record.days;

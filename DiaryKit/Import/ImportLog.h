@@ -37,8 +37,9 @@ struct DeviceIDStore {
 [[nodiscard]] QString idStem(const QDateTime& moment, const QTimeZone& zone, ImportSource source);
 
 // All records, newest first, those of one moment by file name; one that is still being written has
-// what its journal tells. What can't be read or isn't a record is left out, and so is an import
-// that was undone more than 30 days before `now`. Never throws, never removes anything.
+// what its journal tells. What can't be read or isn't a record is left out, and so are the copies
+// of records that sync services make, and imports that were undone more than 30 days before `now`.
+// Never throws, never removes anything.
 [[nodiscard]] std::vector<ImportRecord> records(const QString& vault, const QDateTime& now);
 
 // The record with the files, days and entries that its journal in `folder` tells, of several lines
@@ -62,9 +63,9 @@ struct DeviceIDStore {
 [[nodiscard]] bool isBeingWritten(const ImportRecord& record, const QString& vault);
 
 // Accepts a cut-off import as far as it came by now: the one of `record`, as `records` gives it,
-// becomes "done". One that has been finished or undone since it was listed stays so. Throws
-// FileError if that can't be saved, or (Coordinate, EBUSY) while the import is being written. That
-// its journal can't be removed is passed over.
+// becomes "done". One that has been finished or undone since it was listed stays so; one that was
+// listed as undone isn't to be given. Throws FileError if that can't be saved, or (Coordinate,
+// EBUSY) while the import is being written. That its journal can't be removed is passed over.
 void markDone(const ImportRecord& record, const QString& vault);
 
 // Removes the temporaries that dead processes of this machine left in the folders of the records,

@@ -25,6 +25,14 @@ bool staysInFolder(const QString& id) {
     return !id.isEmpty() && !isStep && !id.contains(u'/') && !id.contains(QChar(0));
 }
 
+// Whether `record` tells more of an import than what the disk has by now. An import only ever goes
+// forward, but a sync service may bring back an older record, or take a journal away.
+bool tellsMore(const ImportRecord& record, const ImportRecord& onDisk) {
+    if (record.state != onDisk.state) return record.state > onDisk.state;
+    return record.state == ImportRecord::State::writing &&
+           record.files.size() > onDisk.files.size();
+}
+
 // Whether the file is surely a record in the state "done", without the memory for all its texts. A
 // line end stands in no text as it is, so the line can only be the record's own.
 bool isWrittenAsDone(const QString& path) {
@@ -68,6 +76,9 @@ std::optional<ImportRecord> readRecord(const QString& folder, const QString& nam
     if (!bytes) return std::nullopt;
     std::optional<ImportRecord> record = ImportRecord::decode(std::move(*bytes));
     if (!record || !staysInFolder(record->id)) return std::nullopt;
+    // Sync services keep both of two versions, one under a name of their own.
+    const QString own = record->id + kEnding;
+    if (name != own && QFile::exists(folder + u'/' + own)) return std::nullopt;
     if (record->state != ImportRecord::State::writing) return record;
     return mergingJournal(std::move(*record), folder);
 }
@@ -78,7 +89,8 @@ ImportRecord currentRecord(const ImportRecord& record, const QString& folder) {
         return record;
     }
     std::optional<ImportRecord> current = readRecord(folder, name);
-    return current && current->id == record.id ? std::move(*current) : record;
+    if (!current || current->id != record.id || tellsMore(record, *current)) return record;
+    return std::move(*current);
 }
 
 void withImport(const QString& folder, const QString& id, const std::function<void()>& accessor) {

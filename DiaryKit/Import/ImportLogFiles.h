@@ -22,11 +22,12 @@ namespace diary::ImportLog {
 [[nodiscard]] QStringList recordNames(const QString& folder);
 
 // Reads the record of this file name, with its journal merged if it is being written. Nothing if it
-// can't be read, or names its files by an identifier that leads out of the folder.
+// can't be read, names its files by an identifier that leads out of the folder, or is a copy of a
+// record that lies beside it.
 [[nodiscard]] std::optional<ImportRecord> readRecord(const QString& folder, const QString& name);
 
-// The record as it stands on the disk; the given one if that can't be read, or is finished on the
-// disk too, since nothing more is written to one that is.
+// The record as it stands on the disk; the given one if that can't be read, tells less of the
+// import, or is finished on the disk too, since nothing more is written to one that is.
 [[nodiscard]] ImportRecord currentRecord(const ImportRecord& record, const QString& folder);
 
 // Runs `accessor` while no other thread or process of this user writes, keeps or undoes the import,

@@ -19,7 +19,7 @@ struct ImportRecord {
     // The version that this program writes.
     static constexpr int currentVersion = 2;
 
-    // Spelled on disk like their cases.
+    // Spelled on disk like their cases; an import only goes forward among them.
     enum class State { writing, done, undone };
 
     // What went into one year of a day.

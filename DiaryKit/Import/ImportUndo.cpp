@@ -26,7 +26,10 @@ using State = ImportRecord::State;
     throw FileError(FileOperation::Read, path, EBADMSG);
 }
 
-void removeDay(const QString& path) {
+// Removes the day's file, unless it holds something else than `text` by now (ESTALE).
+void removeDay(const QString& path, const QString& text) {
+    const std::optional<QByteArray> bytes = atomicfile::tryRead(path);
+    if (bytes && *bytes != text.toUtf8()) throw FileError(FileOperation::Write, path, ESTALE);
     if (::unlink(QFile::encodeName(path).constData()) != 0 && errno != ENOENT) {
         throw FileError(FileOperation::Write, path, errno);
     }
@@ -85,7 +88,7 @@ public:
         const auto earlier = m_journal.earlier(m_file.day, text);
         if (backup == text || earlier == CutJournal::Earlier::Made) return;
         if (m_file.after == hash(text)) {
-            restore(path, backup);
+            restore(path, text, backup);
         } else if (m_file.committed == false || earlier == CutJournal::Earlier::Unknown) {
             // The write was announced and can't be seen, or so was a cut.
             m_result.notFound += static_cast<int>(m_file.added.size());
@@ -108,11 +111,11 @@ private:
         return backup;
     }
 
-    void restore(const QString& path, const std::optional<QString>& backup) {
+    void restore(const QString& path, const QString& text, const std::optional<QString>& backup) {
         if (backup) {
-            atomicfile::write(path, backup->toUtf8());
+            atomicfile::writeOver(path, text.toUtf8(), backup->toUtf8());
         } else {
-            removeDay(path);
+            removeDay(path, text);
         }
         ++m_result.restored;
     }
@@ -120,23 +123,29 @@ private:
     void cut(const QString& path, const QString& text, const std::optional<QString>& backup) {
         QString working = text;
         bool isChanged = false;
+        int notFound = 0;
         for (const ImportRecord::Added& added : m_file.added) {
             Cut cut = cuttingOut(added, m_monthDay, backup, !m_file.after, working);
-            if (cut.isNotFound) ++m_result.notFound;
+            if (cut.isNotFound) ++notFound;
             if (!cut.text) continue;
             working = std::move(*cut.text);
             isChanged = true;
         }
-        if (!isChanged) return;
+        if (isChanged) replace(path, text, working);
+        // Behind the write, which may be tried again.
+        m_result.notFound += notFound;
+        if (isChanged) ++m_result.edited;
+    }
+
+    void replace(const QString& path, const QString& text, const QString& working) {
         m_journal.tell(m_file.day, text, working);
         const bool isEmpty =
             YearSectionParser::isEffectivelyEmpty(working, m_monthDay.headerTitle());
         if (!m_file.existed && isEmpty) {
-            removeDay(path);
+            removeDay(path, text);
         } else {
-            atomicfile::write(path, working.toUtf8());
+            atomicfile::writeOver(path, text.toUtf8(), working.toUtf8());
         }
-        ++m_result.edited;
     }
 
     const ImportRecord::File& m_file;

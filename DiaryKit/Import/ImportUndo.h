@@ -24,7 +24,8 @@ struct UndoResult {
 
 // Undoes the import of `record`, as `records` gives it, and marks it "undone" at `now`. A day file
 // that was deleted stays so. What the disk tells of the import by now counts: all of it, if it has
-// come further; nothing happens if it has been undone since `record` was listed.
+// come further; nothing happens if it has been undone since `record` was listed. A record that was
+// listed as undone is taken through it once more, so it isn't to be offered.
 //
 // Throws FileError (Coordinate, EBUSY) and does nothing while another thread or process of this
 // user writes, keeps or undoes the same import. Otherwise throws FileError and stops there, with

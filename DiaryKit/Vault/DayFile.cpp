@@ -60,6 +60,12 @@ Rewritten replaced(const QString& root, const MonthDay& monthDay,
     return {std::move(text), stamp};
 }
 
+void modifyOnce(const QString& file, const Modification& body) {
+    std::optional<Content> existing = existingContent(file);
+    if (existing && !existing->isValidUtf8) throw FileError(FileOperation::Decode, file, EILSEQ);
+    body(file, existing ? std::optional(std::move(existing->text)) : std::nullopt);
+}
+
 }  // namespace
 
 QString path(const QString& root, const MonthDay& monthDay) {
@@ -106,17 +112,18 @@ Loaded load(const QString& root, const MonthDay& monthDay) {
     return {content ? std::move(content->text) : blankTemplate(monthDay), false};
 }
 
-void modifyingFile(
-    const QString& root, const MonthDay& monthDay,
-    const std::function<void(const QString& path, const std::optional<QString>& text)>& body) {
+void modifyingFile(const QString& root, const MonthDay& monthDay, const Modification& body) {
+    // Nothing writes a day's file so often; whatever does won't end.
+    constexpr int kMostAttempts = 5;
     atomicfile::makeFolder(root);
     FileCoordinator(root).coordinateWriting([&] {
-        const QString file = path(root, monthDay);
-        std::optional<Content> existing = existingContent(file);
-        if (existing && !existing->isValidUtf8) {
-            throw FileError(FileOperation::Decode, file, EILSEQ);
+        for (int attempt = 1;; ++attempt) {
+            try {
+                return modifyOnce(path(root, monthDay), body);
+            } catch (const FileError& error) {
+                if (error.code() != ESTALE || attempt == kMostAttempts) throw;
+            }
         }
-        body(file, existing ? std::optional(std::move(existing->text)) : std::nullopt);
     });
 }
 

@@ -49,13 +49,16 @@ struct Loaded {
 // Reads the file for a page; never throws. Blocks while another writes.
 [[nodiscard]] Loaded load(const QString& root, const MonthDay& monthDay);
 
+// What becomes of a day's file; `text` is absent if there is none.
+using Modification = std::function<void(const QString& path, const std::optional<QString>& text)>;
+
 // Reads the file and runs `body` with its path and its text, absent if there is no file, under one
 // exclusive coordination; `body` does the writing. The vault folder is made first. A file that
 // isn't valid UTF-8 throws FileError (Decode, EILSEQ), one that can't be read FileError (Read),
-// both without running `body`; what `body` throws is passed on.
-void modifyingFile(
-    const QString& root, const MonthDay& monthDay,
-    const std::function<void(const QString& path, const std::optional<QString>& text)>& body);
+// both without running `body`; what `body` throws is passed on. Only if that is a FileError with
+// ESTALE, as atomicfile::writeOver throws it, the file is read anew and `body` runs once more, a
+// few times at the most.
+void modifyingFile(const QString& root, const MonthDay& monthDay, const Modification& body);
 
 // What a rewrite left on the disk.
 struct Rewritten {

@@ -187,6 +187,21 @@ TEST_F(AtomicFile, ReadsFilesWhoseSizeTheSystemDoesNotTell) {
     EXPECT_FALSE(atomicfile::read(QStringLiteral("/proc/self/stat")).isEmpty());
 }
 
+TEST_F(AtomicFile, WritesOverNothingButWhatIsExpected) {
+    const auto code = [&](const std::optional<QByteArray>& expected, const char* bytes) {
+        return codeOf(FileOperation::Write,
+                      [&] { atomicfile::writeOver(path("a"), expected, bytes); });
+    };
+    EXPECT_EQ(code("old", "x"), ESTALE) << "it is gone";
+    EXPECT_EQ(code(std::nullopt, "first"), 0);
+    EXPECT_EQ(code(std::nullopt, "x"), ESTALE) << "it has come";
+    EXPECT_EQ(code("firs", "x"), ESTALE);
+    EXPECT_EQ(atomicfile::read(path("a")), "first");
+    EXPECT_EQ(code("first", "second"), 0);
+    EXPECT_EQ(atomicfile::read(path("a")), "second");
+    EXPECT_EQ(m_vault.names().size(), 1) << "no temporary is left";
+}
+
 TEST_F(AtomicFile, MakesFoldersWithThoseAboveThem) {
     atomicfile::makeFolder(path("a/b/c"));
     EXPECT_TRUE(QFileInfo(path("a/b/c")).isDir());

@@ -1,7 +1,9 @@
 #include "DiaryKit/Import/ImportApply.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <stdexcept>
 
 #include "DiaryKit/Foundation/FileError.h"
@@ -146,6 +148,29 @@ TEST(ImportApply, AddsToWhatTheDayHoldsAtItsTurn) {
     EXPECT_TRUE(record.files[0].existed);
     EXPECT_EQ(vault.read(importsPath(record, QStringLiteral("/before/01-02.md"))),
               "# 01-02\n\n## 2024\n\nwritten meanwhile\n");
+}
+
+// The day's file is made the journal's other name, so it changes between being read and written.
+TEST(ImportApply, NeverWritesOverWhatAnotherProgramWritesAtThatMoment) {
+    const TemporaryVault vault;
+    const ImportBatch batch = oneEntry();
+    ApplyContext context = contextOf(vault.path());
+    context.progress = [&](const Progress& one) {
+        if (!one.current) return;
+        const QString journal =
+            importsPath(onlyRecord(vault.path()), QStringLiteral("/journal.jsonl"));
+        ASSERT_EQ(::link(QFile::encodeName(vault.filePath(journal)).constData(),
+                         QFile::encodeName(vault.filePath(kDay)).constData()),
+                  0);
+    };
+    try {
+        apply(planIn(vault.path(), batch), batch, {}, context);
+        ADD_FAILURE() << "not stopped";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.code(), ESTALE);
+    }
+    EXPECT_TRUE(vault.read(kDay).startsWith(R"({"added":)"));
+    EXPECT_EQ(onlyRecord(vault.path()).state, ImportRecord::State::writing);
 }
 
 TEST(ImportApply, MakesAFileAnewThatVanishedSinceThePlan) {

@@ -166,6 +166,20 @@ TEST_F(ImportLogTest, KeepingMakesThePartialImportDone) {
     EXPECT_FALSE(m_vault.exists(importsPath(record, kJournal)));
 }
 
+// Two machines changed one record, and a sync service kept both under names of its own.
+TEST_F(ImportLogTest, ListsARecordOnceThatASyncServiceHasCopied) {
+    ImportRecord record = recordOf(QStringLiteral("one"), State::undone);
+    record.undoneAt = moment();
+    const QString copy = QStringLiteral(".velmar/imports/one (conflicted copy).json");
+    m_vault.write(copy, recordOf(QStringLiteral("one")).encoded());
+    EXPECT_EQ(onlyRecord(m_vault.path()).state, State::done) << "better than none";
+    put(record);
+    EXPECT_EQ(onlyRecord(m_vault.path()), record);
+    HistoryCache history(directory(m_vault.path()), QStringLiteral("none.json"));
+    ASSERT_EQ(history.records().size(), 1U);
+    EXPECT_EQ(history.records()[0].state, State::undone);
+}
+
 TEST_F(ImportLogTest, HistoryReadsEachRecordOnce) {
     for (int i = 0; i < 20; ++i) put(recordOf(QStringLiteral("record-%1").arg(i)));
     m_vault.write(QStringLiteral(".velmar/imports/bad.json"), "{");

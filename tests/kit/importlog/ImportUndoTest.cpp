@@ -1,6 +1,7 @@
 #include "DiaryKit/Import/ImportUndo.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <cerrno>
 
@@ -202,6 +203,21 @@ TEST_F(UndoTest, ASecondTryIsNotSureOfADayThatWasEditedSinceTheFirst) {
     EXPECT_FALSE(m_vault.exists(journal));
 }
 
+// The day's file is made the journal's other name, so it changes between being read and written.
+TEST_F(UndoTest, NeverWritesOverWhatAnotherProgramWritesAtThatMoment) {
+    const ImportRecord record = imported();
+    const QByteArray edited = QByteArray(kAppended) + "\nmine\n";
+    const QString journal = importsPath(record, QStringLiteral("/undo.jsonl"));
+    m_vault.write(journal, edited);
+    QFile::remove(m_vault.filePath(kDay));
+    ASSERT_EQ(::link(QFile::encodeName(m_vault.filePath(journal)).constData(),
+                     QFile::encodeName(m_vault.filePath(kDay)).constData()),
+              0);
+    EXPECT_EQ(failure(record), std::pair(FileOperation::Write, ESTALE));
+    EXPECT_TRUE(m_vault.read(kDay).startsWith(edited));
+    EXPECT_EQ(onlyRecord(m_vault.path()), record);
+}
+
 TEST_F(UndoTest, StopsAtARecordThatContradictsItself) {
     ImportRecord record = imported();
     record.files[0].existed = false;
@@ -247,6 +263,28 @@ TEST_F(UndoTest, IsFinalAndLeavesALaterImportOfTheSameEntriesAlone) {
     // A window may still show the record as it was.
     EXPECT_EQ(undo(record, m_vault.path(), moment(90)), UndoResult());
     EXPECT_EQ(m_vault.read(kDay), kAppended);
+}
+
+// A sync service may bring back an older file.
+TEST_F(UndoTest, KnowsMoreThanARecordThatFellBackToItsBeginning) {
+    const ImportRecord record = imported();
+    ImportRecord begun = record;
+    begun.state = State::writing;
+    begun.files.clear();
+    put(begun);
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
+    EXPECT_EQ(m_vault.read(kDay), kOld);
+    EXPECT_EQ(onlyRecord(m_vault.path()).files, record.files);
+}
+
+TEST_F(UndoTest, KnowsMoreThanAJournalThatIsGone) {
+    ImportRecord record = imported();
+    record.state = State::writing;
+    ImportRecord begun = record;
+    begun.files.clear();
+    put(begun);
+    EXPECT_EQ(undo(record, m_vault.path(), moment(9)), kRestored);
+    EXPECT_EQ(m_vault.read(kDay), kOld);
 }
 
 TEST_F(UndoTest, LetsTheSameEntriesBeImportedAgain) {

@@ -107,6 +107,12 @@ TEST(Blocks, ShowATitleWithoutABody) {
                 ElementsAre(Optional(QStringLiteral("###  T # "))));
 }
 
+TEST(Blocks, AreAbsentWhereOnlyHiddenDetailsAreLeft) {
+    const std::vector<ImportedEntry> hidden = {{.day = kDay, .weather = QStringLiteral("8°")}};
+    EXPECT_THAT(blocks(hidden, {}, Placement::Alone), ElementsAre(std::nullopt));
+    EXPECT_EQ(section(hidden, {}, Placement::Alone), u"");
+}
+
 TEST(Identity, IsTheDigestOfTheseBytes) {
     const ImportedEntry entry{.day = {999, 3, 7},
                               .time = {{7, 5}},

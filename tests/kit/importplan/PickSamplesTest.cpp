@@ -50,6 +50,14 @@ TEST(PickSamples, SpreadsTheRestEvenly) {
                 testing::ElementsAre(0, 3, 6, 9, 12, 15, 18, 21, 24, 27, 30, 33));
 }
 
+TEST(PickSamples, RoundsItsStepDown) {
+    for (const auto& [count, second] : {std::pair(13, 1), {23, 1}, {24, 2}, {35, 2}, {36, 3}}) {
+        std::vector<Sample> all = samples(count);
+        all[0].added = QStringLiteral("the longest text of all");
+        EXPECT_EQ(places(pickSamples(all))[1], second) << count;
+    }
+}
+
 TEST(PickSamples, TakesTwoOfEachTraitFirst) {
     std::vector<Sample> all = samples(40);
     for (const int i : {30, 31, 32}) all[static_cast<size_t>(i)].traits = {Trait::headings};

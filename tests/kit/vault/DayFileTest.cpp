@@ -89,6 +89,36 @@ TEST_F(DayFile, PassesOnWhatAModificationThrows) {
               ENOSPC);
 }
 
+// A sync service takes no part in the coordination.
+TEST_F(DayFile, ModifiesWhatAnotherProgramHasWrittenMeanwhile) {
+    const QString name = QStringLiteral("01-02.md");
+    vault.write(name, "old");
+    int runs = 0;
+    modifyingFile(vault.path(), kDay, [&](const QString& path, const std::optional<QString>& text) {
+        if (++runs == 1) vault.write(name, "theirs");
+        atomicfile::writeOver(path, text->toUtf8(), text->toUtf8() + " and ours");
+    });
+    EXPECT_EQ(runs, 2);
+    EXPECT_EQ(vault.read(name), "theirs and ours");
+}
+
+TEST_F(DayFile, GivesUpOnAFileThatNeverRests) {
+    int runs = 0;
+    EXPECT_EQ(codeOf([&] {
+                  modifyingFile(vault.path(), kDay,
+                                [&](const QString& path, const std::optional<QString>& text) {
+                                    const QByteArray bytes = QByteArray::number(++runs);
+                                    vault.write(QStringLiteral("01-02.md"), bytes);
+                                    atomicfile::writeOver(
+                                        path, text ? std::optional(text->toUtf8()) : std::nullopt,
+                                        "ours");
+                                });
+              }),
+              ESTALE);
+    EXPECT_GT(runs, 1);
+    EXPECT_EQ(vault.read(QStringLiteral("01-02.md")), QByteArray::number(runs));
+}
+
 TEST_F(DayFile, LetsAModificationCoordinateAnotherFile) {
     modifyingFile(vault.path(), kDay, [&](const QString&, const std::optional<QString>&) {
         modifyingFile(vault.path(), MonthDay{3, 7},
