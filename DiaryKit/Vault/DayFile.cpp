@@ -56,8 +56,23 @@ Rewritten replaced(const QString& root, const MonthDay& monthDay,
         return {std::move(text), fileStamp(path)};
     }
     atomicfile::makeFolder(root);
-    const FileStamp stamp = atomicfile::write(path, bytes);
+    const FileStamp stamp = atomicfile::writeOver(
+        path, existing ? std::optional(existing->bytes) : std::nullopt, bytes);
     return {std::move(text), stamp};
+}
+
+// Again from the start where a program that takes no part in the coordination, such as a sync
+// service, has changed the file since it was read.
+void untilNobodyInterferes(const std::function<void()>& attempt) {
+    // Nothing writes a day's file so often; whatever does won't end.
+    constexpr int kMostAttempts = 5;
+    for (int count = 1;; ++count) {
+        try {
+            return attempt();
+        } catch (const FileError& error) {
+            if (error.code() != ESTALE || count == kMostAttempts) throw;
+        }
+    }
 }
 
 void modifyOnce(const QString& file, const Modification& body) {
@@ -113,27 +128,19 @@ Loaded load(const QString& root, const MonthDay& monthDay) {
 }
 
 void modifyingFile(const QString& root, const MonthDay& monthDay, const Modification& body) {
-    // Nothing writes a day's file so often; whatever does won't end.
-    constexpr int kMostAttempts = 5;
     atomicfile::makeFolder(root);
-    FileCoordinator(root).coordinateWriting([&] {
-        for (int attempt = 1;; ++attempt) {
-            try {
-                return modifyOnce(path(root, monthDay), body);
-            } catch (const FileError& error) {
-                if (error.code() != ESTALE || attempt == kMostAttempts) throw;
-            }
-        }
-    });
+    FileCoordinator(root).coordinateWriting(
+        [&] { untilNobodyInterferes([&] { modifyOnce(path(root, monthDay), body); }); });
 }
 
 Rewritten rewrite(const QString& root, const MonthDay& monthDay,
                   const std::function<QString(const std::optional<Content>& existing)>& change) {
     Rewritten result;
-    FileCoordinator(root).coordinateWriting([&] {
+    const auto attempt = [&] {
         const std::optional<Content> existing = existingContent(path(root, monthDay));
         result = replaced(root, monthDay, existing, change(existing));
-    });
+    };
+    FileCoordinator(root).coordinateWriting([&] { untilNobodyInterferes(attempt); });
     return result;
 }
 

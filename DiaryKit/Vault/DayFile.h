@@ -71,8 +71,10 @@ struct Rewritten {
 
 // Reads the file, asks `change` for its new text, and writes that, synced, under one exclusive
 // coordination. No file is made for a text that is effectively empty, and nothing is written where
-// the bytes stay the same. Throws FileError where the file exists but can't be read, where writing
-// fails, and what `change` throws; the old file stands then.
+// the bytes stay the same. A program that takes no part in the coordination, such as a sync
+// service, may change the file meanwhile: then `change` is asked again, with what stands there now,
+// and after some times that ends in ESTALE. Throws FileError where the file exists but can't be
+// read, where writing fails, and what `change` throws; the old file stands then.
 Rewritten rewrite(const QString& root, const MonthDay& monthDay,
                   const std::function<QString(const std::optional<Content>& existing)>& change);
 

@@ -102,6 +102,23 @@ TEST_F(DayFile, ModifiesWhatAnotherProgramHasWrittenMeanwhile) {
     EXPECT_EQ(vault.read(name), "theirs and ours");
 }
 
+TEST_F(DayFile, RewritesWhatAnotherProgramHasWrittenMeanwhile) {
+    const QString name = QStringLiteral("01-02.md");
+    for (const bool isThere : {true, false}) {
+        QFile::remove(vault.filePath(name));
+        if (isThere) vault.write(name, "old");
+        int asked = 0;
+        const Rewritten written =
+            rewrite(vault.path(), kDay, [&](const std::optional<Content>& existing) {
+                if (++asked == 1) vault.write(name, "theirs");
+                return (existing ? existing->text : QString()) + QStringLiteral(" and ours");
+            });
+        EXPECT_EQ(asked, 2);
+        EXPECT_EQ(written.text, QStringLiteral("theirs and ours"));
+        EXPECT_EQ(vault.read(name), "theirs and ours");
+    }
+}
+
 TEST_F(DayFile, GivesUpOnAFileThatNeverRests) {
     int runs = 0;
     EXPECT_EQ(codeOf([&] {
