@@ -1,6 +1,7 @@
 #include "DiaryKit/FolderSources/MarkdownNote.h"
 
 #include "DiaryKit/DatedText/DateLine.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/LocalTime.h"
 
@@ -65,7 +66,7 @@ void readFrontmatter(QStringView block, Frontmatter& note) {
 
 Frontmatter splitFrontmatter(QString text) {
     constexpr qsizetype kOpening = 4;
-    text.replace("\r\n"_L1, "\n"_L1);
+    text = text::withoutCarriageReturnPairs(std::move(text));
     const qsizetype closing = text.startsWith("---\n"_L1) ? text.indexOf("\n---"_L1, kOpening) : -1;
     if (closing < 0) return {.body = text};
     Frontmatter note;
