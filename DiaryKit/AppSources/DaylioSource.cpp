@@ -7,6 +7,7 @@
 #include "DiaryKit/AppSources/CSV.h"
 #include "DiaryKit/AppSources/DaylioEntry.h"
 #include "DiaryKit/DatedText/DateLine.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "DiaryKit/Import/LocalTime.h"
@@ -160,9 +161,11 @@ ImportedEntry entry(EntryParts&& parts) {
     const QLatin1String strong("**");
     if (!parts.mood.isEmpty()) parts.activities.prepend(strong + parts.mood + strong);
     QString body = parts.activities.join(QStringView(u" · "));
-    parts.note.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    if (!body.isEmpty() && !parts.note.isEmpty()) body += QLatin1String("\n\n");
-    body += parts.note;
+    const QString note = text::withoutCarriageReturnPairs(std::move(parts.note));
+    if (!body.isEmpty() && !note.isEmpty()) body += QLatin1String("\n\n");
+    // Growing by itself, a long text takes twice the memory that it needs.
+    body.reserve(body.size() + note.size());
+    body += note;
 
     ImportedEntry made{.day = parts.day, .time = parts.time, .body = std::move(body)};
     if (!parts.title.isEmpty()) made.title = std::move(parts.title);
