@@ -10,7 +10,6 @@
 #include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "DiaryKit/Import/LocalTime.h"
 
 namespace diary::DaylioSource {
 
@@ -94,21 +93,15 @@ private:
     std::array<QString, kColumnNames.size()> m_values = {};
 };
 
-std::optional<DiaryDay> day(const QString& line) {
-    const std::optional<DateLine::Match> match = DateLine::match(line);
-    if (!match || !match->year || !LocalTime::isValid(*match->year, match->month, match->day)) {
-        return std::nullopt;
-    }
-    return DiaryDay{*match->year, match->month, match->day};
-}
-
 // Older exports have a year and "March 4", newer ones the full date beside them.
 std::optional<DiaryDay> dayOfRow(const Table& table) {
     const QString& fullDate = table.value(Column::FullDate);
     const QString& year = table.value(Column::Year);
     const QString& date = table.value(Column::Date);
-    if (auto found = day(fullDate.isEmpty() ? year + u' ' + date : fullDate)) return found;
-    return day(date + u' ' + year);
+    if (auto found = DateLine::day(fullDate.isEmpty() ? year + u' ' + date : fullDate)) {
+        return found;
+    }
+    return DateLine::day(date + u' ' + year);
 }
 
 std::optional<ImportedEntry::Time> timeOfRow(const Table& table) {

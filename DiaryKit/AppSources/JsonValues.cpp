@@ -6,16 +6,6 @@ namespace diary {
 
 using Kind = JsonCursor::Kind;
 
-int elementCount(JsonCursor& json) {
-    int count = 0;
-    if (!json.skipUnless(Kind::Array)) return count;
-    json.eachElement([&] {
-        json.skip();
-        ++count;
-    });
-    return count;
-}
-
 QStringList textList(JsonCursor& json) {
     QStringList texts;
     if (!json.skipUnless(Kind::Array)) return texts;
@@ -29,8 +19,7 @@ QStringList textList(JsonCursor& json) {
 }
 
 QByteArray jsonUtf8(const QByteArray& bytes) {
-    const bool isUtf16 = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-    return isUtf16 ? TextDecoding::decode(bytes).toUtf8() : bytes;
+    return TextDecoding::hasUtf16Mark(bytes) ? TextDecoding::decode(bytes).toUtf8() : bytes;
 }
 
 }  // namespace diary

@@ -11,9 +11,6 @@
 
 namespace diary {
 
-// The number of elements of the array that comes next, 0 if it is none.
-[[nodiscard]] int elementCount(JsonCursor& json);
-
 // The array of texts that comes next; empty if it is none or holds anything else.
 [[nodiscard]] QStringList textList(JsonCursor& json);
 

@@ -35,8 +35,7 @@ TEST(LineEnds, AreThoseThatReplacingMakes) {
     for (int round = 0; round < 500; ++round) {
         QString text;
         for (int piece = hostile.below(30); piece > 0; --piece) text += hostile.piece();
-        EXPECT_EQ(withoutCarriageReturnPairs(text),
-                  QString(text).replace("\r\n"_L1, "\n"_L1));
+        EXPECT_EQ(withoutCarriageReturnPairs(text), QString(text).replace("\r\n"_L1, "\n"_L1));
     }
 }
 
