@@ -13,12 +13,11 @@
 namespace {
 
 QByteArray line(const diary::ImportedEntry& entry) {
-    QJsonObject object{
-        {QStringLiteral("day"), QStringLiteral("%1-%2-%3")
-                                    .arg(entry.day.year, 4, 10, QLatin1Char('0'))
-                                    .arg(entry.day.month, 2, 10, QLatin1Char('0'))
-                                    .arg(entry.day.day, 2, 10, QLatin1Char('0'))},
-        {QStringLiteral("body"), entry.body}};
+    QJsonObject object{{QStringLiteral("day"), QStringLiteral("%1-%2-%3")
+                                                   .arg(entry.day.year, 4, 10, QLatin1Char('0'))
+                                                   .arg(entry.day.month, 2, 10, QLatin1Char('0'))
+                                                   .arg(entry.day.day, 2, 10, QLatin1Char('0'))},
+                       {QStringLiteral("body"), entry.body}};
     if (entry.time) object[QStringLiteral("time")] = entry.time->text();
     if (entry.title) object[QStringLiteral("title")] = *entry.title;
     if (entry.weather) object[QStringLiteral("weather")] = *entry.weather;
