@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "DiaryKit/DatedText/DateLine.h"
-#include "DiaryKit/DatedText/DatedTextSource.h"
 #include "DiaryKit/DatedText/DatedTextSplit.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 #include "tests/kit/datedtext/PatternDateLine.h"
 #include "tests/kit/datedtext/RandomDateLines.h"
 

@@ -1,7 +1,7 @@
 // All readers of documents that this build has, for DatedTextSource.
 #pragma once
 
-#include "DiaryKit/DatedText/DatedTextSource.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 
 namespace diary::documents {
 

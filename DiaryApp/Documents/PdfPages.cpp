@@ -4,6 +4,8 @@
 #include <QtPdf/QPdfSelection>
 #include <utility>
 
+#include "DiaryKit/Foundation/LineEnds.h"
+
 namespace diary::documents {
 
 namespace {
@@ -15,8 +17,7 @@ constexpr qsizetype kMostUnits = 256 * qsizetype{1024} * 1024;
 // The library ends lines with CR LF, and puts U+FFFE for a hyphen at a line's end that the text
 // wouldn't have without the end.
 QString joined(QString page) {
-    page.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    page.replace(u'\r', u'\n');
+    page = text::withLineFeeds(std::move(page));
     constexpr QChar kDividingHyphen(0xFFFE);
     page.replace(QString(kDividingHyphen) + u'\n', QString());
     page.remove(kDividingHyphen);

@@ -1,6 +1,9 @@
 #include "DiaryApp/Editor/DraftText.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "DiaryKit/Foundation/LineEnds.h"
 
 namespace velmar {
 
@@ -57,9 +60,7 @@ std::optional<DraftText::Edit> DraftText::replace(qsizetype position, qsizetype 
 }
 
 QString DraftText::pasted(QString text) {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return text;
+    return diary::text::withLineFeeds(std::move(text));
 }
 
 QChar DraftText::display(QChar character) const {

@@ -98,25 +98,19 @@ void setMoodAndPlace(ImportedEntry& entry, const HTMLNode& root) {
     entry.place = uniqueJoined(places, u" · ");
 }
 
-std::optional<DiaryDay> ifValid(int year, int month, int day) {
-    if (!LocalTime::isValid(year, month, day)) return std::nullopt;
-    return DiaryDay{year, month, day};
-}
-
 std::optional<DiaryDay> dayOfName(const QString& path) {
     static const QRegularExpression leadingDate(QStringLiteral("^(\\d{4})-(\\d{2})-(\\d{2})"));
     const QRegularExpressionMatch match =
         leadingDate.match(package_path::lastComponent(path).toString());
     if (!match.hasMatch()) return std::nullopt;
-    return ifValid(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
+    const DiaryDay day{match.captured(1).toInt(), match.captured(2).toInt(),
+                       match.captured(3).toInt()};
+    return LocalTime::isValid(day.year, day.month, day.day) ? std::optional(day) : std::nullopt;
 }
 
 std::optional<DiaryDay> dayOfHeader(const HTMLNode& root) {
     const HTMLNode* const header = root.firstOfClass(u"pageHeader");
-    if (!header) return std::nullopt;
-    const std::optional<DateLine::Match> match = DateLine::match(header->textContent());
-    if (!match || !match->year) return std::nullopt;
-    return ifValid(*match->year, match->month, match->day);
+    return header ? DateLine::day(header->textContent()) : std::nullopt;
 }
 
 QString textOfFirst(const HTMLNode& root, QStringView className) {

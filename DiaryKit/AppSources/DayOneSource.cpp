@@ -5,9 +5,9 @@
 #include <cerrno>
 #include <iterator>
 
-#include "DiaryKit/AppSources/IsoMoment.h"
 #include "DiaryKit/AppSources/JsonCursor.h"
 #include "DiaryKit/AppSources/JsonValues.h"
+#include "DiaryKit/AppSources/Moments.h"
 #include "DiaryKit/AppSources/WeatherDegrees.h"
 #include "DiaryKit/AppSources/ZoneCache.h"
 #include "DiaryKit/Foundation/FileError.h"

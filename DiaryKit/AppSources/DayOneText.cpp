@@ -1,6 +1,7 @@
 // The cleaning of an entry's text. Links are sought by hand rather than by regular expressions,
 // whose time grows with the square of a text full of opening brackets.
 #include "DiaryKit/AppSources/DayOneSource.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 
 namespace diary::DayOneSource {
@@ -95,7 +96,7 @@ void appendUnescaped(QString& out, QStringView line) {
 }  // namespace
 
 QString cleanText(QStringView text) {
-    QString linked = text.toString().replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    QString linked = text::withoutCarriageReturnPairs(text.toString());
     linked = withoutLinks(withoutLinks(linked, LinkKind::Media), LinkKind::Entry);
     QString unescaped;
     unescaped.reserve(linked.size());

@@ -7,11 +7,11 @@
 #include "DiaryKit/AppSources/DaylioEntry.h"
 #include "DiaryKit/AppSources/DaylioSource.h"
 #include "DiaryKit/AppSources/JsonCursor.h"
+#include "DiaryKit/AppSources/Moments.h"
 #include "DiaryKit/Foundation/FileError.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 #include "DiaryKit/Import/ImportError.h"
 #include "DiaryKit/Import/LocalTime.h"
-#include "DiaryKit/Import/MiniHTML.h"
 #include "DiaryKit/Import/PackagePath.h"
 
 namespace diary::DaylioSource {
@@ -155,10 +155,6 @@ RawEntry readEntry(JsonCursor& json) {
     return raw;
 }
 
-QString markdown(const std::optional<QString>& html) {
-    return html ? HTMLToMarkdown::markdown(MiniHTML::parse(*html).root()) : QString();
-}
-
 // Makes entries of what the backup holds.
 class EntryMaker {
 public:
@@ -169,12 +165,13 @@ public:
     std::optional<ImportedEntry> entry(RawEntry&& raw) {
         const std::optional<LocalTime::DayAndTime> local = moment(raw);
         if (!local) return std::nullopt;
-        return DaylioSource::entry({.day = local->day,
-                                    .time = local->time,
-                                    .mood = moodLabel(raw.mood),
-                                    .activities = activities(raw.tags),
-                                    .title = raw.title.value_or(QString()),
-                                    .note = markdown(raw.note)});
+        return DaylioSource::entry(
+            {.day = local->day,
+             .time = local->time,
+             .mood = moodLabel(raw.mood),
+             .activities = activities(raw.tags),
+             .title = raw.title.value_or(QString()),
+             .note = HTMLToMarkdown::markdown(raw.note.value_or(QString()))});
     }
 
 private:
@@ -193,18 +190,15 @@ private:
     }
 
     [[nodiscard]] std::optional<LocalTime::DayAndTime> moment(const RawEntry& raw) const {
-        // As far from 1970 as a calendar is of use; the bound of other systems' dates too.
-        constexpr double kMostMilliseconds = 8.64e15;
         constexpr double kMostOffset = 18.0 * 60 * 60;
-        if (!raw.datetime || !(std::abs(*raw.datetime) <= kMostMilliseconds)) return std::nullopt;
-        const auto at = static_cast<qint64>(std::floor(*raw.datetime));
+        const QDateTime at = momentSince1970(raw.datetime.value_or(NAN));
+        if (!at.isValid()) return std::nullopt;
         const double offset = std::trunc(raw.timeZoneOffset.value_or(NAN) / 1000);
         if (!(std::abs(offset) <= kMostOffset)) {
-            return LocalTime::split(QDateTime::fromMSecsSinceEpoch(at, Qt::UTC), m_currentZone);
+            return LocalTime::split(at, m_currentZone);
         }
         // QTimeZone knows fewer offsets than the clocks of the world have had.
-        const qint64 shifted = at + static_cast<qint64>(offset) * 1000;
-        return LocalTime::split(QDateTime::fromMSecsSinceEpoch(shifted, Qt::UTC), QTimeZone::utc());
+        return LocalTime::split(at.addSecs(static_cast<qint64>(offset)), QTimeZone::utc());
     }
 
     QString moodLabel(const std::optional<qint64>& mood) {

@@ -7,9 +7,9 @@
 #include "DiaryKit/AppSources/CSV.h"
 #include "DiaryKit/AppSources/DaylioEntry.h"
 #include "DiaryKit/DatedText/DateLine.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "DiaryKit/Import/LocalTime.h"
 
 namespace diary::DaylioSource {
 
@@ -93,21 +93,15 @@ private:
     std::array<QString, kColumnNames.size()> m_values = {};
 };
 
-std::optional<DiaryDay> day(const QString& line) {
-    const std::optional<DateLine::Match> match = DateLine::match(line);
-    if (!match || !match->year || !LocalTime::isValid(*match->year, match->month, match->day)) {
-        return std::nullopt;
-    }
-    return DiaryDay{*match->year, match->month, match->day};
-}
-
 // Older exports have a year and "March 4", newer ones the full date beside them.
 std::optional<DiaryDay> dayOfRow(const Table& table) {
     const QString& fullDate = table.value(Column::FullDate);
     const QString& year = table.value(Column::Year);
     const QString& date = table.value(Column::Date);
-    if (auto found = day(fullDate.isEmpty() ? year + u' ' + date : fullDate)) return found;
-    return day(date + u' ' + year);
+    if (auto found = DateLine::day(fullDate.isEmpty() ? year + u' ' + date : fullDate)) {
+        return found;
+    }
+    return DateLine::day(date + u' ' + year);
 }
 
 std::optional<ImportedEntry::Time> timeOfRow(const Table& table) {
@@ -160,9 +154,11 @@ ImportedEntry entry(EntryParts&& parts) {
     const QLatin1String strong("**");
     if (!parts.mood.isEmpty()) parts.activities.prepend(strong + parts.mood + strong);
     QString body = parts.activities.join(QStringView(u" · "));
-    parts.note.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    if (!body.isEmpty() && !parts.note.isEmpty()) body += QLatin1String("\n\n");
-    body += parts.note;
+    const QString note = text::withoutCarriageReturnPairs(std::move(parts.note));
+    if (!body.isEmpty() && !note.isEmpty()) body += QLatin1String("\n\n");
+    // Growing by itself, a long text takes twice the memory that it needs.
+    body.reserve(body.size() + note.size());
+    body += note;
 
     ImportedEntry made{.day = parts.day, .time = parts.time, .body = std::move(body)};
     if (!parts.title.isEmpty()) made.title = std::move(parts.title);

@@ -7,7 +7,6 @@
 #include "DiaryKit/DatedText/DateLine.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "DiaryKit/Import/LocalTime.h"
 
 namespace diary::FlomoSource {
 
@@ -82,10 +81,8 @@ QString beginningOfText(const HTMLNode& element) {
 
 std::optional<Moment> momentOf(const HTMLNode& time) {
     const std::optional<DateLine::Match> match = DateLine::match(beginningOfText(time));
-    if (!match || !match->year) return std::nullopt;
-    const DiaryDay day{*match->year, match->month, match->day};
-    if (!LocalTime::isValid(day.year, day.month, day.day)) return std::nullopt;
-    return Moment{day, match->time};
+    const std::optional<DiaryDay> day = match ? match->dayWithYear() : std::nullopt;
+    return day ? std::optional(Moment{*day, match->time}) : std::nullopt;
 }
 
 class Page {

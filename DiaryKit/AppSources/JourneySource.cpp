@@ -1,12 +1,11 @@
 #include "DiaryKit/AppSources/JourneySource.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "DiaryKit/AppSources/JsonValues.h"
+#include "DiaryKit/AppSources/Moments.h"
 #include "DiaryKit/AppSources/WeatherDegrees.h"
 #include "DiaryKit/AppSources/ZoneCache.h"
 #include "DiaryKit/Foundation/TextSets.h"
@@ -46,10 +45,7 @@ bool isNamedLikeAnEntry(const QString& path) {
 }
 
 std::optional<QString> readWeather(JsonCursor& json) {
-    if (json.kind() != Kind::Object) {
-        json.skip();
-        return std::nullopt;
-    }
+    if (!json.skipUnless(Kind::Object)) return std::nullopt;
     std::optional<double> celsius;
     std::optional<QString> description;
     json.eachMember([&](const QString& key) {
@@ -106,14 +102,6 @@ std::optional<RawEntry> readEntry(const QByteArray& bytes) {
     }
 }
 
-// The moment of a number of milliseconds since 1970; not valid beyond what calendars reach.
-QDateTime moment(double milliseconds) {
-    // 100 million days from 1970, in the year 275760.
-    constexpr double kLast = 8.64e15;
-    if (milliseconds > kLast) return {};
-    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(std::floor(milliseconds)), Qt::UTC);
-}
-
 std::optional<QString> trimmedText(const std::optional<QString>& text) {
     return uniqueJoined(std::array{text}, u"");
 }
@@ -121,13 +109,13 @@ std::optional<QString> trimmedText(const std::optional<QString>& text) {
 QString body(const RawEntry& raw) {
     const QString text = raw.text.value_or(QString());
     if (raw.type == QLatin1String("markdown")) return HTMLToMarkdown::tidy(text);
-    return HTMLToMarkdown::markdown(MiniHTML::parse(text).root());
+    return HTMLToMarkdown::markdown(text);
 }
 
 std::optional<ImportedEntry> importedEntry(RawEntry&& raw, ZoneCache& zones) {
     if (!raw.milliseconds || !(*raw.milliseconds > 0)) return std::nullopt;
-    const LocalTime::DayAndTime local =
-        LocalTime::split(moment(*raw.milliseconds), zones.named(raw.timeZone.value_or(QString())));
+    const LocalTime::DayAndTime local = LocalTime::split(
+        momentSince1970(*raw.milliseconds), zones.named(raw.timeZone.value_or(QString())));
     ImportedEntry entry;
     entry.day = local.day;
     entry.time = local.time;

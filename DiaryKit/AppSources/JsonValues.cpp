@@ -19,8 +19,7 @@ QStringList textList(JsonCursor& json) {
 }
 
 QByteArray jsonUtf8(const QByteArray& bytes) {
-    const bool isUtf16 = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-    return isUtf16 ? TextDecoding::decode(bytes).toUtf8() : bytes;
+    return TextDecoding::hasUtf16Mark(bytes) ? TextDecoding::decode(bytes).toUtf8() : bytes;
 }
 
 }  // namespace diary

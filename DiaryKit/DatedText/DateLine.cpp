@@ -337,6 +337,11 @@ std::optional<Match> match(QStringView line) {
     return match;
 }
 
+std::optional<DiaryDay> day(QStringView line) {
+    const std::optional<Match> found = match(line);
+    return found ? found->dayWithYear() : std::nullopt;
+}
+
 Time clockTime(int hour, int minute, QStringView marker) {
     constexpr int kHalfDay = 12;
     constexpr int kDay = 24;

@@ -26,6 +26,11 @@ struct Match {
     // The date is a/b/year, read as month/day, and could be day/month as well.
     bool isAmbiguousOrder = false;
 
+    // The day, if the line tells its year.
+    [[nodiscard]] std::optional<DiaryDay> dayWithYear() const {
+        return year ? std::optional(DiaryDay{*year, month, day}) : std::nullopt;
+    }
+
     bool operator==(const Match&) const = default;
 };
 
@@ -34,6 +39,9 @@ struct Match {
 //   "## 2021年3月4日 星期四 上午9:30 去爬山" -> 4 March 2021, 09:30, rest "去爬山"
 //   "3/4/2021" -> 4 March 2021, of ambiguous order
 [[nodiscard]] std::optional<Match> match(QStringView line);
+
+// The day of a line that opens with a date and its year.
+[[nodiscard]] std::optional<DiaryDay> day(QStringView line);
 
 // The time of a clock with a word for the half of the day: "pm", "A.M.", "下午", "午前", … in any
 // case, with or without dots; empty for none. The minute is passed on as it is.

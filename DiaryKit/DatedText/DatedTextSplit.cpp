@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "DiaryKit/DatedText/DateLine.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportPlanCharacters.h"
 #include "DiaryKit/Import/LocalTime.h"
@@ -23,14 +24,6 @@ struct DatedLine {
 };
 
 using DatedLines = std::vector<DatedLine>;
-
-QString withLineFeeds(const QString& text) {
-    if (!text.contains(u'\r')) return text;
-    QString plain = text;
-    plain.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    plain.replace(u'\r', u'\n');
-    return plain;
-}
 
 // Calls `visit(start, end)` for each line; the text behind the last LF is one, also if empty.
 template <typename Visit>
@@ -202,8 +195,8 @@ private:
 
 }  // namespace
 
-ImportBatch split(const QString& text, const QString& name, const Options& options) {
-    const QString plain = withLineFeeds(text);
+ImportBatch split(QString text, const QString& name, const Options& options) {
+    const QString plain = text::withLineFeeds(std::move(text));
     return Cut(plain, options).batch(name);
 }
 

@@ -38,8 +38,9 @@ struct Options {
 
 // The entries of a text with line ends of any kind. A date with nothing behind or below it is no
 // entry. Text ahead of the first entry isn't imported and counts as one undated entry.
+// Beside the entries it holds the text once; a text with CR that the caller keeps is copied.
 //   "3 March 2021 rain\nStayed in." -> 3 March 2021, weather "rain", body "Stayed in."
-[[nodiscard]] ImportBatch split(const QString& text, const QString& name, const Options& options);
+[[nodiscard]] ImportBatch split(QString text, const QString& name, const Options& options);
 
 // Whether a line's two first numbers tell the order of day and month: true for day first, false for
 // month first, nothing if they don't tell.  "13/4/2021" -> true, "4/13/2021" -> false

@@ -33,8 +33,7 @@ bool looksLikeHtml(QByteArrayView bytes) {
 // The plain text that some programs write under such a name.
 QString plainText(QByteArrayView bytes, QStringView extension) {
     const bool mayBePlain = extension == u"rtf" || extension == u"doc";
-    const bool isUtf16 = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-    if (!mayBePlain || (!isUtf16 && bytes.contains('\0'))) {
+    if (!mayBePlain || (!TextDecoding::hasUtf16Mark(bytes) && bytes.contains('\0'))) {
         throw ImportError(ImportError::Kind::unrecognized);
     }
     return TextDecoding::decode(bytes);

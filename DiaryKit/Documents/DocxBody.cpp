@@ -1,6 +1,5 @@
 #include "DiaryKit/Documents/DocxBody.h"
 
-#include <algorithm>
 #include <array>
 
 #include "DiaryKit/Foundation/TextSets.h"
@@ -13,11 +12,6 @@ namespace {
 bool isOn(const XmlElement& element) {
     const QStringView value = element.attribute(u"val");
     return value != u"0" && value != u"false" && value != u"off" && value != u"none";
-}
-
-template <std::size_t count>
-bool isOneOf(QStringView name, const std::array<QStringView, count>& names) {
-    return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 // Deletions and what was moved away, the readings of ruby text, what controls ask to be filled

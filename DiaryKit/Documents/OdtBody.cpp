@@ -7,11 +7,6 @@ namespace diary::documents {
 
 namespace {
 
-template <std::size_t count>
-bool isOneOf(QStringView name, const std::array<QStringView, count>& names) {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
 // Tracked deletions lie in a store of their own; the rest is about the text, or stands in its
 // margin.
 bool isLeftOut(const XmlElement& element) {

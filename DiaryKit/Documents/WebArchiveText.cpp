@@ -7,7 +7,6 @@
 #include "DiaryKit/Documents/XmlWalk.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "DiaryKit/Import/MiniHTML.h"
 #include "DiaryKit/Import/TextDecoding.h"
 
 namespace diary::documents {
@@ -108,7 +107,7 @@ bool looksLikePropertyList(QByteArrayView bytes) {
 }
 
 QString htmlText(QByteArrayView bytes, const QString& encoding) {
-    return HTMLToMarkdown::markdown(MiniHTML::parse(decoded(bytes, encoding)).root());
+    return HTMLToMarkdown::markdown(decoded(bytes, encoding));
 }
 
 QString webArchiveText(const QByteArray& bytes) {

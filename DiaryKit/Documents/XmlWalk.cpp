@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "DiaryKit/Import/ImportError.h"
+#include "DiaryKit/Import/TextDecoding.h"
 
 namespace diary::documents {
 
@@ -22,23 +23,22 @@ constexpr int kMaxAttributes = 256;
     throw ImportError(ImportError::Kind::unrecognized);
 }
 
-// The part in UTF-8 and without its declaration, which might name an encoding that the check of
-// tags can't read. Writers use UTF-8, and UTF-16 behind its mark.
+// The part in UTF-8. Writers use UTF-8, and UTF-16 behind its mark.
 QByteArray inUtf8(const QByteArray& part) {
-    QByteArrayView bytes = part;
-    QByteArray converted;
-    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF")) {
-        QStringDecoder decoder(QStringConverter::Utf16);
-        converted = QString(decoder.decode(bytes)).toUtf8();
-        bytes = converted;
-    }
+    if (!TextDecoding::hasUtf16Mark(part)) return part;
+    QStringDecoder decoder(QStringConverter::Utf16);
+    return QString(decoder.decode(part)).toUtf8();
+}
+
+// The part without its declaration, which might name an encoding that the check of tags can't read.
+QByteArrayView withoutDeclaration(QByteArrayView bytes) {
     if (bytes.startsWith("\xEF\xBB\xBF")) bytes = bytes.sliced(3);
     if (bytes.startsWith("<?xml") && bytes.size() > 5 && bytes[5] != '-') {
         const qsizetype end = bytes.indexOf("?>");
         if (end < 0) fail();
         bytes = bytes.sliced(end + 2);
     }
-    return bytes.toByteArray();
+    return bytes;
 }
 
 // Where a comment, CDATA section or instruction that begins at `from` ends; `from` if none does.
@@ -135,8 +135,11 @@ QStringView XmlElement::attribute(QStringView name) const {
 }
 
 void walkXml(const QByteArray& part, XmlVisitor& visitor) {
-    QByteArray bytes = inUtf8(part);
-    refuseCrowdedTags(bytes);
+    const QByteArray utf8 = inUtf8(part);
+    const QByteArrayView content = withoutDeclaration(utf8);
+    refuseCrowdedTags(content);
+    // A part may be large, so it isn't copied.
+    QByteArray bytes = QByteArray::fromRawData(content.data(), content.size());
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     Walk(buffer, visitor).run();

@@ -7,6 +7,8 @@
 #include <QtCore/QString>
 #include <QtCore/QStringView>
 #include <QtCore/QXmlStreamAttributes>
+#include <algorithm>
+#include <array>
 
 namespace diary::documents {
 
@@ -28,6 +30,12 @@ private:
     QStringView m_nameSpace;
     const QXmlStreamAttributes* m_attributes;
 };
+
+// Whether the name is among those.
+template <std::size_t count>
+[[nodiscard]] bool isOneOf(QStringView name, const std::array<QStringView, count>& names) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
 
 // What is called on the way.
 class XmlVisitor {

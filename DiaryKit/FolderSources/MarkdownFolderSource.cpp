@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportError.h"
 
 namespace diary::MarkdownFolderSource {
@@ -47,12 +48,6 @@ bool isDiarlyNote(const QString& path) {
     return pattern.matches(path);
 }
 
-QString withoutSlashes(QString folder) {
-    while (folder.startsWith(u'/')) folder.remove(0, 1);
-    while (folder.endsWith(u'/')) folder.chop(1);
-    return folder;
-}
-
 // How Obsidian names its daily notes, from its settings; nothing where there are none.
 std::optional<NotePathPattern> obsidianFormat(const ImportPackage& package) {
     // Settings are some lines; a file that is much larger is something else.
@@ -65,8 +60,9 @@ std::optional<NotePathPattern> obsidianFormat(const ImportPackage& package) {
     const QJsonDocument document = QJsonDocument::fromJson(file.read(kLargest));
     if (!document.isObject()) return std::nullopt;
     const QString format = document["format"_L1].toString();
+    const QString folder = document["folder"_L1].toString();
     return momentRegex(format.isEmpty() ? u"YYYY-MM-DD"_s : format,
-                       withoutSlashes(document["folder"_L1].toString()));
+                       text::trimmedOf(folder, u"/").toString());
 }
 
 // One note as an entry; nothing if it has no date. `removed` grows by the media that were cut out.

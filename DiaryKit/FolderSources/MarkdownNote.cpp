@@ -1,8 +1,8 @@
 #include "DiaryKit/FolderSources/MarkdownNote.h"
 
 #include "DiaryKit/DatedText/DateLine.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
-#include "DiaryKit/Import/LocalTime.h"
 
 namespace diary::MarkdownFolderSource {
 
@@ -10,33 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringView trimmedOf(QStringView text, QStringView characters) {
-    while (!text.isEmpty() && characters.contains(text.front())) text = text.sliced(1);
-    while (!text.isEmpty() && characters.contains(text.back())) text.chop(1);
-    return text;
-}
-
 QString tagOf(QStringView text) {
-    return trimmedOf(text, u" \"'#").toString();
+    return text::trimmedOf(text, u" \"'#").toString();
 }
 
 // "[a, b c]", "a b", "#a, #b"
 void addTags(QStringView value, QStringList& tags) {
-    value = trimmedOf(value, u"[]");
+    value = text::trimmedOf(value, u"[]");
     for (const QStringView list : value.split(u',')) {
         for (const QStringView word : list.split(u' ', Qt::SkipEmptyParts)) {
             const QString tag = tagOf(word);
             if (!tag.isEmpty()) tags << tag;
         }
     }
-}
-
-std::optional<DiaryDay> dayOf(QStringView value) {
-    const auto match = DateLine::match(trimmedOf(value, u"\"'"));
-    if (!match || !match->year || !LocalTime::isValid(*match->year, match->month, match->day)) {
-        return std::nullopt;
-    }
-    return DiaryDay{*match->year, match->month, match->day};
 }
 
 void readFrontmatter(QStringView block, Frontmatter& note) {
@@ -56,7 +42,7 @@ void readFrontmatter(QStringView block, Frontmatter& note) {
             isInTagList = value.isEmpty();
             addTags(value, note.tags);
         } else if (!note.date && (key == "date"_L1 || key == "created"_L1 || key == "day"_L1)) {
-            note.date = dayOf(value);
+            note.date = DateLine::day(text::trimmedOf(value, u"\"'"));
         }
     }
 }
@@ -65,7 +51,7 @@ void readFrontmatter(QStringView block, Frontmatter& note) {
 
 Frontmatter splitFrontmatter(QString text) {
     constexpr qsizetype kOpening = 4;
-    text.replace("\r\n"_L1, "\n"_L1);
+    text = text::withoutCarriageReturnPairs(std::move(text));
     const qsizetype closing = text.startsWith("---\n"_L1) ? text.indexOf("\n---"_L1, kOpening) : -1;
     if (closing < 0) return {.body = text};
     Frontmatter note;

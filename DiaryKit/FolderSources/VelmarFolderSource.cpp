@@ -34,7 +34,7 @@ struct DirectoryCloser {
     void operator()(DIR* directory) const { closedir(directory); }
 };
 
-// What the folder holds, sorted. Throws FileError (Read).
+// What the folder holds, in no order. Throws FileError (Read).
 QStringList namesIn(const QString& folder) {
     const std::unique_ptr<DIR, DirectoryCloser> directory(
         opendir(QFile::encodeName(folder).constData()));
@@ -44,7 +44,7 @@ QStringList namesIn(const QString& folder) {
         const QByteArrayView name(item->d_name);
         if (!name.startsWith('.') && utf8::isValid(name)) names.append(QString::fromUtf8(name));
     }
-    return package_path::sorted(std::move(names));
+    return names;
 }
 
 // Calls `visit(line)` for each line that isn't empty, until it returns true.
@@ -195,7 +195,7 @@ ImportBatch read(const QString& url, const QString& name, int currentYear) {
     if (!folder) throw ImportError(ImportError::Kind::unrecognized);
     ImportBatch batch{.source = ImportSource::velmarFolder, .name = name};
     FolderReader reader(*folder, currentYear, batch);
-    for (const QString& file : namesIn(*folder)) reader.readName(file);
+    for (const QString& file : package_path::sorted(namesIn(*folder))) reader.readName(file);
     batch.reportURL = reportBeside(*folder);
     return batch;
 }

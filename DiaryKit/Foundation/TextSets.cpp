@@ -132,6 +132,12 @@ QStringView trimmedOfBlanks(QStringView text) {
     return trimmedStart(trimmedEnd(text, isBlank), isBlank);
 }
 
+QStringView trimmedOf(QStringView text, QStringView units) {
+    while (!text.isEmpty() && units.contains(text.front())) text = text.sliced(1);
+    while (!text.isEmpty() && units.contains(text.back())) text.chop(1);
+    return text;
+}
+
 QStringView withoutTrailingWhiteSpace(QStringView text) {
     const qsizetype end = trimmedEnd(text, isWhiteSpace).size();
     if (end == text.size() || end == 0) return text.first(end);

@@ -26,6 +26,9 @@ namespace diary::text {
 // The view without blanks at both ends; line ends stay.
 [[nodiscard]] QStringView trimmedOfBlanks(QStringView text);
 
+// The view without any of those units at both ends.  "[a]", "[]" -> "a"
+[[nodiscard]] QStringView trimmedOf(QStringView text, QStringView units);
+
 // The view without its trailing characters that are White_Space. By grapheme clusters (UAX #29),
 // so a space that carries a combining mark is content: "a \u0301" stays as it is.
 [[nodiscard]] QStringView withoutTrailingWhiteSpace(QStringView text);

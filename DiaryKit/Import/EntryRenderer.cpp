@@ -3,6 +3,7 @@
 #include <QtCore/QStringBuilder>
 #include <algorithm>
 
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 
@@ -75,8 +76,7 @@ std::optional<QString> block(const ImportedEntry& entry, const ImportOptions& op
 }  // namespace
 
 QString prepare(QStringView body) {
-    QString text = body.toString();
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    const QString text = text::withoutCarriageReturnPairs(body.toString());
     QString prepared;
     prepared.reserve(text.size() + 16);
     bool isFenced = false;

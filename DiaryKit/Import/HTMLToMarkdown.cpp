@@ -163,4 +163,8 @@ QString markdown(const HTMLNode& node) {
     return tidy(blocks(node).join(QLatin1String("\n\n")));
 }
 
+QString markdown(const QString& html) {
+    return markdown(MiniHTML::parse(html).root());
+}
+
 }  // namespace diary::HTMLToMarkdown

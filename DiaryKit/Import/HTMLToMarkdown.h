@@ -30,6 +30,8 @@ inline constexpr qsizetype kMaxIndent = 160;
 
 // The blocks joined with blank lines, tidied.
 [[nodiscard]] QString markdown(const HTMLNode& node);
+// The same of a whole text.  "<p>a</p><p>b" -> "a\n\nb"
+[[nodiscard]] QString markdown(const QString& html);
 
 // The text without blanks and tabs at its lines' ends, with runs of blank lines shortened to one
 // empty line, and without newlines at both ends. Knows nothing of fences.

@@ -92,9 +92,8 @@ bool hasLoneSurrogate(QStringView text) {
 
 // The text behind a mark of UTF-16, or nothing if there is no mark or the units aren't sound.
 std::optional<QString> utf16(QByteArrayView bytes) {
-    const bool isLittleEndian = bytes.startsWith("\xFF\xFE");
-    if (!isLittleEndian && !bytes.startsWith("\xFE\xFF")) return std::nullopt;
-    if (bytes.size() % 2 != 0) return std::nullopt;
+    if (!hasUtf16Mark(bytes) || bytes.size() % 2 != 0) return std::nullopt;
+    const bool isLittleEndian = bytes.startsWith('\xFF');
     const QByteArrayView units = bytes.sliced(2);
     QStringDecoder decoder(isLittleEndian ? QStringConverter::Utf16LE : QStringConverter::Utf16BE,
                            QStringConverter::Flag::ConvertInitialBom);
@@ -112,6 +111,10 @@ QString decode(QByteArrayView bytes) {
     if (auto text = utf16(bytes)) return std::move(*text);
     if (auto text = utf8::decodedStrictly(bytes)) return std::move(*text);
     return legacy(bytes);
+}
+
+bool hasUtf16Mark(QByteArrayView bytes) {
+    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
 }
 
 QString legacy(QByteArrayView bytes) {

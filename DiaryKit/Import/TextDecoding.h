@@ -11,6 +11,9 @@ namespace diary::TextDecoding {
 // the bytes are valid in: UTF-8 behind its mark, UTF-16 behind its mark, UTF-8, then `legacy`.
 [[nodiscard]] QString decode(QByteArrayView bytes);
 
+// Whether the bytes begin with a byte order mark of UTF-16.
+[[nodiscard]] bool hasUtf16Mark(QByteArrayView bytes);
+
 // The text in a code page from before Unicode. Shift-JIS (code page 932) where the text holds
 // kana, since without them Chinese often reads as Japanese; otherwise GB 18030, which takes nearly
 // everything; otherwise ISO Latin 1, which takes the rest.

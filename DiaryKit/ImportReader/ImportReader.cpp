@@ -4,6 +4,7 @@
 #include <QtCore/QFileInfo>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "DiaryKit/AppSources/AppleJournalSource.h"
 #include "DiaryKit/AppSources/DayOneSource.h"
@@ -107,9 +108,11 @@ public:
 private:
     // A table of something else goes through as text.
     [[nodiscard]] ImportBatch csvFile(const QString& path) const {
-        const QString text = m_package.text(path);
-        return DaylioSource::isCSV(text) ? DaylioSource::readCSV(text, m_name, m_options.moodLabels)
-                                         : DatedTextSplit::split(text, m_name, m_options.split);
+        QString text = m_package.text(path);
+        if (DaylioSource::isCSV(text)) {
+            return DaylioSource::readCSV(text, m_name, m_options.moodLabels);
+        }
+        return DatedTextSplit::split(std::move(text), m_name, m_options.split);
     }
 
     [[nodiscard]] std::optional<ImportBatch> daylioTable() const {

@@ -5,8 +5,8 @@
 #include <QtCore/QString>
 
 #include "DiaryKit/AppSources/DaylioSource.h"
-#include "DiaryKit/DatedText/DatedTextSource.h"
 #include "DiaryKit/DatedText/DatedTextSplit.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 #include "DiaryKit/Import/ImportBatch.h"
 #include "DiaryKit/Vault/DiaryDay.h"
 

@@ -12,6 +12,7 @@
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Foundation/Background.h"
 #include "DiaryKit/Foundation/FileError.h"
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/Utf8.h"
 #include "DiaryKit/Vault/DocumentMerge.h"
 #include "DiaryKit/Vault/YearSectionParser.h"
@@ -37,8 +38,7 @@ std::optional<std::uint64_t> deviceOf(QString path) {
 
 // A name that only might be a copy is one if it holds at least one year.
 bool holdsYearSection(const QByteArray& bytes) {
-    QString text = utf8::decodedWithRepair(bytes);
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    const QString text = text::withoutCarriageReturnPairs(utf8::decodedWithRepair(bytes));
     return !YearSectionParser::sections(text).empty();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "DiaryKit/Foundation/LineEnds.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Vault/YearSectionParser.h"
 
@@ -77,9 +78,7 @@ QString mergingDocuments(QStringView current, QStringView other, const MonthDay&
 QString mergingVersion(QStringView current, QStringView version, const MonthDay& monthDay,
                        const QString& conflictMarker) {
     QString other = version.toString();
-    if (sections(other).empty()) {
-        other.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    }
+    if (sections(other).empty()) other = text::withoutCarriageReturnPairs(std::move(other));
     Bodies bodies = currentBodies(current);
     for (const YearBody& section : sectionBodies(other)) {
         const auto found = bodies.find(section.year);

@@ -1,6 +1,6 @@
 // Any text, cut at its date lines with options that the first byte chooses: the same as line by
 // line, and no line without a date is lost. The same text as pages of a PDF only loses lines.
-#include "DiaryKit/DatedText/DatedTextSource.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 #include "tests/fuzz/Fuzzing.h"
 #include "tests/kit/datedtext/PlainSplit.h"
 

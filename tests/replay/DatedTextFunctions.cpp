@@ -3,8 +3,8 @@
 #include <QtCore/QJsonObject>
 
 #include "DiaryKit/DatedText/DateLine.h"
-#include "DiaryKit/DatedText/DatedTextSource.h"
 #include "DiaryKit/DatedText/DatedTextSplit.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 #include "tests/replay/CaseFiles.h"
 #include "tests/replay/ImportShapes.h"
 #include "tests/replay/Replay.h"

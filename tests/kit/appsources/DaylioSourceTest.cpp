@@ -126,6 +126,13 @@ TEST(DaylioCSV, IsRecognisedByItsFirstLine) {
     EXPECT_FALSE(DaylioSource::isCSV(u""));
 }
 
+TEST(DaylioCSV, GivesANoteTheMemoryThatItNeeds) {
+    const QString note = QStringLiteral("a\r\nb ").repeated(100'000);
+    const QString table = QStringLiteral("full_date,mood,note\n2021-03-04,good,\"%1\"");
+    const QString body = entryOf(table.arg(note)).body;
+    EXPECT_LT(body.capacity(), body.size() * 5 / 4);
+}
+
 TEST(DaylioCSV, ReadsALongRowWithoutHoldingIt) {
     const QString text = QStringLiteral("full_date,mood\n2021-03-04,good") +
                          QStringLiteral(",x").repeated(10'000'000) +

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <utility>
+
+#include "tests/kit/import/MemoryOfStep.h"
 #include "tests/support/Printing.h"
 
 namespace diary {
@@ -10,9 +14,9 @@ namespace {
 using DatedTextSplit::Options;
 using DatedTextSplit::Placement;
 using DatedTextSplit::Rest;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 ImportBatch split(const char16_t* text, const Options& options = {}) {
     return DatedTextSplit::split(QString::fromUtf16(text), QStringLiteral("diary.txt"), options);
@@ -74,6 +78,20 @@ TEST(DatedTextSplitBatch, CountsTheTextAheadOfTheFirstEntryOnce) {
 TEST(DatedTextSplitBatch, TakesLineEndsOfAllKinds) {
     EXPECT_EQ(entries(u"2021-03-04\r\na\r\n\r\nb\r2021-03-05\rc"),
               list({u"2021-03-04 a\n\nb", u"2021-03-05 c"}));
+}
+
+// A text handed over is held once, whatever its line ends, beside the entries.
+TEST(DatedTextSplitBatch, HoldsAHugeTextOnce) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "freed memory is kept for a while";
+#endif
+    const QString day = QStringLiteral("2021-03-04\r\n\r\n%1\r\n\r\n").arg(QString(400, u'x'));
+    constexpr qint64 kSize = 48 * testing::kMebibyte;
+    const qint64 memory = testing::memoryOfStep([&] {
+        QString text = day.repeated(kSize / 2 / day.size());
+        if (DatedTextSplit::split(std::move(text), QString(), {}).entries.empty()) std::abort();
+    });
+    EXPECT_LT(memory, kSize * 5 / 2);
 }
 
 TEST(DatedTextSplitBatch, KeepsWhatABodyHasInside) {

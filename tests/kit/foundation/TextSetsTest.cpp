@@ -72,6 +72,13 @@ TEST(TextSets, EndLinesAtALoneLfOnly) {
     EXPECT_EQ(indexOfLineEnd(u"\n", 0), 0);
 }
 
+TEST(TrimmedOf, TakesTheUnitsOffBothEnds) {
+    EXPECT_EQ(trimmedOf(u"/a/b//", u"/"), u"a/b");
+    EXPECT_EQ(trimmedOf(u"'\"a'b", u"\"'"), u"a'b");
+    EXPECT_EQ(trimmedOf(u"[][", u"[]"), u"");
+    EXPECT_EQ(trimmedOf(u"", u"[]"), u"");
+}
+
 TEST(StandsAlone, IsForCharactersWithoutMarks) {
     EXPECT_TRUE(standsAlone(u"a,b", 1));
     EXPECT_TRUE(standsAlone(u",", 0));

@@ -1,6 +1,9 @@
-#include "DiaryKit/AppSources/IsoMoment.h"
+#include "DiaryKit/AppSources/Moments.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "DiaryKit/DatedText/LineCursor.h"
 
 namespace diary {
 
@@ -18,9 +21,7 @@ bool hasShape(QStringView text, QStringView pattern) {
 }
 
 int number(QStringView digits) {
-    int value = 0;
-    for (const QChar digit : digits) value = value * 10 + (digit.unicode() - u'0');
-    return value;
+    return numberOf(digits).value_or(0);
 }
 
 // The seconds by which a zone is ahead of UTC.
@@ -56,6 +57,12 @@ std::optional<QDateTime> isoMoment(QStringView text) {
     const std::optional<int> offset = zoneOffset(behind.sliced(fractionLength(behind)));
     if (!date.isValid() || !time.isValid() || !offset) return std::nullopt;
     return QDateTime(date, time, Qt::UTC).addSecs(-*offset);
+}
+
+QDateTime momentSince1970(double milliseconds) {
+    constexpr double kMost = 8.64e15;
+    if (!(std::abs(milliseconds) <= kMost)) return {};
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(std::floor(milliseconds)), Qt::UTC);
 }
 
 }  // namespace diary

@@ -1,4 +1,4 @@
-#include "DiaryKit/DatedText/DatedTextSource.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -10,7 +10,6 @@
 #include "DiaryKit/Files/AtomicFile.h"
 #include "DiaryKit/Import/HTMLToMarkdown.h"
 #include "DiaryKit/Import/ImportError.h"
-#include "DiaryKit/Import/MiniHTML.h"
 #include "DiaryKit/Import/PackagePath.h"
 #include "DiaryKit/Import/TextDecoding.h"
 
@@ -29,10 +28,6 @@ constexpr std::array kHtml = {QLatin1String("html"), QLatin1String("htm")};
 constexpr std::array kDocuments = {QLatin1String("rtf"), QLatin1String("rtfd"),
                                    QLatin1String("doc"), QLatin1String("docx"),
                                    QLatin1String("odt"), QLatin1String("webarchive")};
-
-QString htmlText(const QString& html) {
-    return HTMLToMarkdown::markdown(MiniHTML::parse(html).root());
-}
 
 Lines trimmedLines(const QString& page) {
     Lines lines = QStringView(page).split(u'\n');
@@ -109,7 +104,7 @@ QString text(const QString& path, const DocumentReaders& readers) {
         return readers.documentText(path);
     }
     const QString decoded = TextDecoding::decode(atomicfile::read(path));
-    return isOneOf(extension, kHtml) ? htmlText(decoded) : decoded;
+    return isOneOf(extension, kHtml) ? HTMLToMarkdown::markdown(decoded) : decoded;
 }
 
 QString pdfText(const QStringList& pages) {

@@ -6,8 +6,8 @@
 #include <QtCore/QFileInfo>
 
 #include "DiaryKit/DatedText/DateLine.h"
-#include "DiaryKit/DatedText/DatedTextSource.h"
 #include "DiaryKit/DatedText/DatedTextSplit.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 #include "tests/support/Printing.h"
 
 namespace diary {

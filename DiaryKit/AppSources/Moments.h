@@ -11,4 +11,8 @@ namespace diary {
 // in place of "Z"; nothing for every other form and for dates that the calendar doesn't have.
 [[nodiscard]] std::optional<QDateTime> isoMoment(QStringView text);
 
+// The moment that many milliseconds after the beginning of 1970 (UTC), or before it; not valid for
+// what is no number, and beyond 100 million days, which no calendar needs.
+[[nodiscard]] QDateTime momentSince1970(double milliseconds);
+
 }  // namespace diary

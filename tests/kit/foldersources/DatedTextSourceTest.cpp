@@ -1,4 +1,4 @@
-#include "DiaryKit/DatedText/DatedTextSource.h"
+#include "DiaryKit/FolderSources/DatedTextSource.h"
 
 #include <gmock/gmock.h>
 
