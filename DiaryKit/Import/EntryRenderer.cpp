@@ -76,7 +76,7 @@ std::optional<QString> block(const ImportedEntry& entry, const ImportOptions& op
 
 QString prepare(QStringView body) {
     QString text = body.toString();
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (text.contains(u'\r')) text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     QString prepared;
     prepared.reserve(text.size() + 16);
     bool isFenced = false;
