@@ -1,5 +1,6 @@
 #include "DiaryKit/Foundation/JsonText.h"
 
+#include <QtCore/QStringEncoder>
 #include <array>
 
 namespace diary::json {
@@ -39,9 +40,10 @@ void appendEscaped(unsigned char byte, char escape, QByteArray& json) {
 
 }  // namespace
 
-void append(QStringView text, Slash slash, QByteArray& json) {
+bool append(QStringView text, Slash slash, QByteArray& json) {
     const std::array<char, 256>& escapes = slash == Slash::Plain ? kEscapes : kEscapesAndSlash;
-    const QByteArray utf8 = text.toUtf8();
+    QStringEncoder encoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+    const QByteArray utf8 = encoder.encode(text);
     json += '"';
     // Most texts are a few long runs between line ends.
     qsizetype start = 0;
@@ -54,6 +56,7 @@ void append(QStringView text, Slash slash, QByteArray& json) {
     }
     json.append(utf8.constData() + start, utf8.size() - start);
     json += '"';
+    return !encoder.hasError();
 }
 
 }  // namespace diary::json

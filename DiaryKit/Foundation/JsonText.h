@@ -11,8 +11,8 @@ enum class Slash { Plain, Escaped };
 
 // Appends the text in quotation marks. Escaped are quotation mark, backslash and the controls below
 // U+0020, five of those by a letter, the others by four lower-case digits; all else stands as
-// UTF-8, a lone surrogate as QStringView::toUtf8() has it.
+// UTF-8. Tells whether the text had that: a lone surrogate stands as QStringView::toUtf8() has it.
 //   u"a\n\"b\"" -> "\"a\\n\\\"b\\\"\""
-void append(QStringView text, Slash slash, QByteArray& json);
+bool append(QStringView text, Slash slash, QByteArray& json);
 
 }  // namespace diary::json

@@ -16,7 +16,7 @@ public:
 
     void add(QStringView text) {
         separate();
-        json::append(text, json::Slash::Escaped, m_json);
+        (void)json::append(text, json::Slash::Escaped, m_json);
     }
 
     void addOrNull(const std::optional<QString>& text) {

@@ -2,7 +2,8 @@
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
-#include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "DiaryKit/Foundation/JsonText.h"
 
@@ -11,18 +12,6 @@ namespace diary {
 namespace {
 
 enum class Form { Compact, Indented };
-
-// Whether every surrogate has its other half.
-bool isWhole(QStringView text) {
-    // Most texts have none at all, which is told without a branch for each unit.
-    constexpr unsigned kKind = 0xF800;
-    constexpr unsigned kSurrogate = 0xD800;
-    bool hasSurrogates = false;
-    for (const char16_t* unit = text.utf16(); unit != text.utf16() + text.size(); ++unit) {
-        hasSurrogates |= (*unit & kKind) == kSurrogate;
-    }
-    return !hasSurrogates || text.isValidUtf16();
-}
 
 // Writes values in the order in which they are told. An object in an object isn't needed.
 class Writer {
@@ -58,9 +47,11 @@ public:
     }
 
     void text(const QString& text) {
-        if (isWhole(text)) return json::append(text, json::Slash::Plain, m_json);
+        const qsizetype start = m_json.size();
+        if (json::append(text, json::Slash::Plain, m_json)) return;
         // UTF-8 has no form for half a character; as the only element of a list it is escaped.
         const QByteArray list = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+        m_json.truncate(start);
         m_json += list.sliced(1, list.size() - 2);
     }
 
@@ -79,6 +70,32 @@ public:
             text(value);
         }
         close(']');
+    }
+
+    // The texts of a list, and then what they make with blank lines between them.
+    void textsAndWhole(const char* textsName, const QStringList& values, const char* wholeName) {
+        key(textsName);
+        open('[');
+        // Where each stands, and how many bytes it takes.
+        std::vector<std::pair<qsizetype, qsizetype>> written;
+        for (const QString& value : values) {
+            next();
+            const qsizetype start = m_json.size() + 1;
+            text(value);
+            written.emplace_back(start, m_json.size() - 1 - start);
+        }
+        close(']');
+        key(wholeName);
+        m_json += '"';
+        bool isFirst = true;
+        for (const auto& [start, length] : written) {
+            if (!isFirst) m_json += "\\n\\n";
+            isFirst = false;
+            // Its own bytes move if it has to grow.
+            m_json.reserve(m_json.size() + length);
+            m_json.append(m_json.constData() + start, length);
+        }
+        m_json += '"';
     }
 
     void flag(const char* name, std::optional<bool> value) {
@@ -106,12 +123,33 @@ private:
     QByteArray& m_json;
 };
 
+// Whether the text is the blocks of its entries, as nearly every one is: what is escaped once need
+// not be escaped again.
+bool isMadeOfEntries(const ImportRecord::Added& added) {
+    if (!added.entryTexts || added.entryTexts->isEmpty()) return false;
+    const QLatin1String blankLine("\n\n");
+    QStringView rest = added.text;
+    for (const QString& block : *added.entryTexts) {
+        if (&block != &added.entryTexts->front()) {
+            if (!rest.startsWith(blankLine)) return false;
+            rest = rest.sliced(blankLine.size());
+        }
+        if (!rest.startsWith(block)) return false;
+        rest = rest.sliced(block.size());
+    }
+    return rest.isEmpty();
+}
+
 void write(const ImportRecord::Added& added, Writer& writer) {
     writer.open('{');
     writer.flag("appended", added.appended);
     writer.texts("entryKeys", added.entryKeys);
-    writer.texts("entryTexts", added.entryTexts);
-    writer.text("text", std::optional(added.text));
+    if (isMadeOfEntries(added)) {
+        writer.textsAndWhole("entryTexts", *added.entryTexts, "text");
+    } else {
+        writer.texts("entryTexts", added.entryTexts);
+        writer.text("text", std::optional(added.text));
+    }
     writer.number("year", added.year);
     writer.close('}');
 }
@@ -139,8 +177,8 @@ qsizetype likelySize(const ImportRecord::File& file) {
     qsizetype size = kOtherKeys;
     for (const ImportRecord::Added& added : file.added) {
         size += kOtherKeys + added.text.size();
-        for (const QStringList& texts : {added.entryKeys.value_or(QStringList()),
-                                         added.entryTexts.value_or(QStringList())}) {
+        for (const QStringList& texts :
+             {added.entryKeys.value_or(QStringList()), added.entryTexts.value_or(QStringList())}) {
             for (const QString& text : texts) size += text.size() + text.size() / 16;
         }
     }

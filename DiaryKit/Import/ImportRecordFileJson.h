@@ -17,7 +17,8 @@ void appendCompact(const ImportRecord::File& file, QByteArray& json);
 // written: no more than one word of it changes.
 [[nodiscard]] QByteArray committed(QByteArray announced);
 
-// Appends the day in QJsonDocument's indented form, behind the blanks of an object in a list of the record.
+// Appends the day in QJsonDocument's indented form, behind the blanks of an object in a list of the
+// record.
 void appendIndented(const ImportRecord::File& file, QByteArray& json);
 
 }  // namespace diary

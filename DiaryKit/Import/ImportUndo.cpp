@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QHash>
 #include <algorithm>
 #include <cerrno>
 
@@ -21,6 +22,10 @@ namespace diary::ImportLog {
 namespace {
 
 using State = ImportRecord::State;
+
+// An import adds once to a year of a day. Each addition is sought in the whole section, so a record
+// that tells of thousands would keep us for hours; those beyond this many count as not found.
+constexpr int kMostOfOneYear = 100;
 
 [[noreturn]] void throwCorrupt(const QString& path) {
     throw FileError(FileOperation::Read, path, EBADMSG);
@@ -118,16 +123,9 @@ private:
     }
 
     void cut(const QString& path, const QString& text, const std::optional<QString>& backup) {
-        QString working = text;
-        bool isChanged = false;
-        for (const ImportRecord::Added& added : m_file.added) {
-            Cut cut = cuttingOut(added, m_monthDay, backup, !m_file.after, working);
-            if (cut.isNotFound) ++m_result.notFound;
-            if (!cut.text) continue;
-            working = std::move(*cut.text);
-            isChanged = true;
-        }
-        if (!isChanged) return;
+        SectionedText day(m_monthDay, text);
+        if (!isCut(day, backup)) return;
+        const QString working = day.text();
         m_journal.tell(m_file.day, text, working);
         const bool isEmpty =
             YearSectionParser::isEffectivelyEmpty(working, m_monthDay.headerTitle());
@@ -137,6 +135,21 @@ private:
             atomicfile::write(path, working.toUtf8());
         }
         ++m_result.edited;
+    }
+
+    // Cuts all additions out and tells whether there was any to be cut.
+    bool isCut(SectionedText& day, const std::optional<QString>& backup) {
+        std::optional<SectionedText> before;
+        if (backup) before.emplace(m_monthDay, *backup);
+        QHash<int, int> ofYear;
+        bool isCut = false;
+        for (const ImportRecord::Added& added : m_file.added) {
+            const bool isTried = ++ofYear[added.year] <= kMostOfOneYear;
+            const Cut cut = isTried ? cutOut(added, before, !m_file.after, day) : Cut::NotFound;
+            if (cut == Cut::NotFound) ++m_result.notFound;
+            isCut = isCut || cut == Cut::Made;
+        }
+        return isCut;
     }
 
     const ImportRecord::File& m_file;

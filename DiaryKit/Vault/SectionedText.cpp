@@ -74,9 +74,10 @@ void SectionedText::removeSection(int year) {
     const std::optional<std::size_t> place = find(year);
     if (!place) return;
     // The blank lines at the end of what stands ahead change with it.
-    perform({*place - 1, 2},
-            [&](QStringView lines) { return YearSectionParser::removingSection(year, lines); },
-            [] { return true; });
+    perform(
+        {*place - 1, 2},
+        [&](QStringView lines) { return YearSectionParser::removingSection(year, lines); },
+        [] { return true; });
 }
 
 std::vector<SectionedText::Piece> SectionedText::pieces(QStringView text) {
@@ -156,8 +157,8 @@ void SectionedText::perform(Reach reach, const Edit& edit, const std::function<b
         if (!isAhead) made.erase(made.begin());
     } else {
         // The edit changes how other lines are read.
-        made = pieces(joined({0, reach.first}) + edited +
-                      joined({behind, m_pieces.size() - behind}));
+        made =
+            pieces(joined({0, reach.first}) + edited + joined({behind, m_pieces.size() - behind}));
         reach = {0, m_pieces.size()};
     }
     const Reach now = {reach.first, made.size()};
