@@ -1,5 +1,7 @@
-#include <QtCore/QCryptographicHash>
+#include <utility>
 
+#include "DiaryKit/Foundation/JsonText.h"
+#include "DiaryKit/Foundation/Sha256.h"
 #include "DiaryKit/Import/EntryRenderer.h"
 
 namespace diary::EntryRenderer {
@@ -7,23 +9,14 @@ namespace diary::EntryRenderer {
 namespace {
 
 // Writes a compact JSON array of texts. The bytes are part of the format of records, down to the
-// escaped slash, so they aren't left to a library's taste.
+// escaped slash.
 class JsonTexts {
 public:
+    explicit JsonTexts(qsizetype likelySize) { m_json.reserve(likelySize); }
+
     void add(QStringView text) {
         separate();
-        m_json += '"';
-        const QByteArray utf8 = text.toUtf8();
-        // Most texts are a few long runs between line ends.
-        qsizetype start = 0;
-        for (qsizetype at = 0; at < utf8.size(); ++at) {
-            if (!isEscaped(utf8[at])) continue;
-            m_json.append(utf8.constData() + start, at - start);
-            addEscaped(utf8[at]);
-            start = at + 1;
-        }
-        m_json.append(utf8.constData() + start, utf8.size() - start);
-        m_json += '"';
+        (void)json::append(text, json::Slash::Escaped, m_json);
     }
 
     void addOrNull(const std::optional<QString>& text) {
@@ -32,53 +25,10 @@ public:
         m_json += "null";
     }
 
-    [[nodiscard]] QByteArray finished() const { return '[' + m_json + ']'; }
+    [[nodiscard]] QByteArray finished() { return std::move(m_json += ']'); }
 
 private:
-    void separate() {
-        if (!m_json.isEmpty()) m_json += ',';
-    }
-
-    static bool isEscaped(char byte) {
-        return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\' ||
-               byte == '/';
-    }
-
-    void addEscaped(char byte) {
-        switch (byte) {
-            case '"':
-                m_json += "\\\"";
-                return;
-            case '\\':
-                m_json += "\\\\";
-                return;
-            case '/':
-                m_json += "\\/";
-                return;
-            case '\b':
-                m_json += "\\b";
-                return;
-            case '\f':
-                m_json += "\\f";
-                return;
-            case '\n':
-                m_json += "\\n";
-                return;
-            case '\r':
-                m_json += "\\r";
-                return;
-            case '\t':
-                m_json += "\\t";
-                return;
-            default:
-                break;
-        }
-        const auto code = static_cast<unsigned char>(byte);
-        constexpr const char* kDigits = "0123456789abcdef";
-        m_json += "\\u00";
-        m_json += kDigits[code >> 4];
-        m_json += kDigits[code & 0xF];
-    }
+    void separate() { m_json += m_json.isEmpty() ? '[' : ','; }
 
     QByteArray m_json;
 };
@@ -90,7 +40,9 @@ std::optional<QString> timeText(const ImportedEntry& entry) {
 }  // namespace
 
 QString identity(const ImportedEntry& entry, ImportSource source) {
-    JsonTexts fields;
+    // Room for a body without much to escape and for the short fields around it.
+    constexpr qsizetype kOtherFields = 512;
+    JsonTexts fields(entry.body.size() + entry.body.size() / 8 + kOtherFields);
     fields.add(import_source::spelling(source));
     fields.add(QString::number(entry.day.year));
     fields.add(entry.day.monthDay().headerTitle());
@@ -103,9 +55,7 @@ QString identity(const ImportedEntry& entry, ImportSource source) {
     fields.addOrNull(entry.journal);
     fields.add(entry.isVelmarSection ? u"true" : u"false");
     for (const QString& tag : entry.tags) fields.add(tag);
-    const QByteArray digest =
-        QCryptographicHash::hash(fields.finished(), QCryptographicHash::Sha256);
-    return QString::fromLatin1(digest.toHex());
+    return sha256(fields.finished());
 }
 
 }  // namespace diary::EntryRenderer

@@ -1,8 +1,10 @@
 #include "DiaryKit/Import/ImportApply.h"
 
 #include <QtCore/QUuid>
+#include <algorithm>
 
 #include "DiaryKit/Files/AtomicFile.h"
+#include "DiaryKit/Foundation/Sha256.h"
 #include "DiaryKit/Import/EntryRenderer.h"
 #include "DiaryKit/Import/HistoryCache.h"
 #include "DiaryKit/Import/ImportError.h"
@@ -10,6 +12,7 @@
 #include "DiaryKit/Import/ImportLog.h"
 #include "DiaryKit/Import/ImportLogFiles.h"
 #include "DiaryKit/Import/ImportPlanner.h"
+#include "DiaryKit/Import/ImportRecordFileJson.h"
 #include "DiaryKit/Import/ImportRecordKeys.h"
 #include "DiaryKit/Vault/DayFile.h"
 
@@ -66,9 +69,10 @@ ImportRecord::Added addedOf(const ImportPlan::Addition& addition, ImportSource s
 
 // What is to be written to a day, and what is to be told of it.
 struct DayWrite {
-    QString text;
+    QByteArray before = {};
+    QByteArray after = {};
     int entryCount = 0;
-    ImportRecord::File file;
+    ImportRecord::File file = {};
 };
 
 class Import {
@@ -117,50 +121,73 @@ private:
     void importDay(const ImportPlan::FileChange& planned, ImportJournal& journal) {
         dayfile::modifyingFile(m_context.vault, planned.monthDay,
                                [&](const QString& path, const std::optional<QString>& text) {
+                                   if (isAsPlanned(planned, text))
+                                       return write(planned, path, text, journal);
                                    const ImportPlan now = ImportPlanner::plan(
                                        batchOf(planned, m_batch), m_options, m_history.records(),
                                        [&](const MonthDay&) { return text; });
-                                   if (now.changes.empty()) return;
-                                   DayWrite write = dayWrite(now.changes.front(), text);
-                                   if (!write.file.added.empty())
-                                       perform(std::move(write), path, text, journal);
+                                   if (!now.changes.empty())
+                                       write(now.changes.front(), path, text, journal);
                                });
+    }
+
+    // Whether planning the day's entries once more would give the same, which is so if the day has
+    // the text that it was planned on and none of the entries is known from another import by now.
+    [[nodiscard]] bool isAsPlanned(const ImportPlan::FileChange& planned,
+                                   const std::optional<QString>& text) {
+        if (planned.existed != text.has_value()) return false;
+        if (text && planned.digest != hash(*text)) return false;
+        const QSet<QString> seen =
+            entryKeys(m_history.records(), m_batch.source, planned.monthDay, text);
+        if (seen.isEmpty()) return true;
+        const auto isSeen = [&](const ImportedEntry& entry) {
+            return seen.contains(EntryRenderer::identity(entry, m_batch.source));
+        };
+        return std::ranges::none_of(planned.additions, [&](const ImportPlan::Addition& addition) {
+            return std::ranges::any_of(addition.entries, isSeen);
+        });
+    }
+
+    void write(const ImportPlan::FileChange& change, const QString& path,
+               const std::optional<QString>& text, ImportJournal& journal) {
+        DayWrite write = dayWrite(change, text);
+        if (!write.file.added.empty()) perform(std::move(write), path, journal);
     }
 
     [[nodiscard]] DayWrite dayWrite(const ImportPlan::FileChange& change,
                                     const std::optional<QString>& text) const {
-        DayWrite write{.text = text.value_or(dayfile::blankTemplate(change.monthDay)),
-                       .file = {.day = change.monthDay.headerTitle(), .existed = text.has_value()}};
+        DayWrite write{.file = {.day = change.monthDay.headerTitle(), .existed = text.has_value()}};
+        SectionedText day(change.monthDay, text.value_or(dayfile::blankTemplate(change.monthDay)));
         for (const ImportPlan::Addition& addition : change.additions) {
-            std::optional<QString> next =
-                ImportPlanner::appending(addition.text, addition.year, change.monthDay, write.text);
-            if (!next) continue;
-            write.text = std::move(*next);
+            if (!ImportPlanner::append(addition.text, addition.year, day)) continue;
             write.entryCount += static_cast<int>(addition.entries.size());
             write.file.added.push_back(addedOf(addition, m_batch.source, m_options));
         }
-        write.file.after = hash(write.text);
-        if (text) write.file.before = hash(*text);
+        write.after = day.text().toUtf8();
+        write.file.after = sha256(write.after);
+        if (text) {
+            write.before = text->toUtf8();
+            write.file.before = sha256(write.before);
+        }
         write.file.committed = false;
         return write;
     }
 
-    void perform(DayWrite write, const QString& path, const std::optional<QString>& text,
-                 ImportJournal& journal) {
-        std::optional<QByteArray> before;
-        if (text) {
-            before = text->toUtf8();
+    void perform(DayWrite write, const QString& path, ImportJournal& journal) {
+        if (write.file.existed) {
             const QString copy =
                 beforeFolder(m_folder, m_record.id) + u'/' + write.file.day + QLatin1String(".md");
-            atomicfile::write(copy, *before);
+            atomicfile::write(copy, write.before);
         }
-        journal.append(write.file, Durability::Synced);
-        atomicfile::writeOver(path, before, write.text.toUtf8());
+        const QByteArray announced = write.file.encoded();
+        journal.append(announced, Durability::Synced);
+        atomicfile::writeOver(path, write.file.existed ? std::optional(write.before) : std::nullopt,
+                              write.after);
         write.file.committed = true;
         m_record.entries += write.entryCount;
         ++m_record.days;
         // If this line is lost, the digest in the first one still tells that the day was written.
-        journal.append(write.file, Durability::Unsynced);
+        journal.append(committed(announced), Durability::Unsynced);
         m_record.files.push_back(std::move(write.file));
     }
 

@@ -39,8 +39,9 @@ struct ApplyContext {
     std::function<void(const Progress&)> progress = {};
 };
 
-// Writes the plan's days, in order, and gives the finished record. Each day is planned once more on
-// the text that it has at its turn, under one exclusive coordination with its write: what arrived
+// Writes the plan's days, in order, and gives the finished record. Each day is looked at once more
+// at its turn, under one exclusive coordination with its write, and planned anew on the text that
+// it has then, unless neither that nor what is known of its entries has changed: what arrived
 // meanwhile isn't added twice, a file that vanished is made anew, and what a section can't hold
 // isn't reported as written. The plan of `batch` must have been made with `options`; otherwise
 // ImportError (stalePlan) is thrown and nothing touched.

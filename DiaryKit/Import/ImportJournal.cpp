@@ -47,7 +47,12 @@ ImportJournal::~ImportJournal() {
 }
 
 void ImportJournal::append(const ImportRecord::File& file, atomicfile::Durability durability) {
-    writeAll(file.encoded() + '\n');
+    append(file.encoded(), durability);
+}
+
+void ImportJournal::append(QByteArray line, atomicfile::Durability durability) {
+    line += '\n';
+    writeAll(line);
     if (durability == atomicfile::Durability::Synced) {
         require(m_path, [this] { return ::fdatasync(m_file); });
     }

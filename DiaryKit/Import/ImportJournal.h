@@ -23,6 +23,8 @@ public:
     // Adds one line. Synced, it is on the disk when this returns. Throws FileError (Write); a part
     // of the line may stand there then, which readers pass over.
     void append(const ImportRecord::File& file, atomicfile::Durability durability);
+    // The same for a file that is encoded already.
+    void append(QByteArray line, atomicfile::Durability durability);
 
     // Closes the file; nothing may be appended any more.
     void close();

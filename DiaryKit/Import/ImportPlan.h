@@ -30,6 +30,8 @@ struct ImportPlan {
         MonthDay monthDay = {};
         // The day file is there.
         bool existed = false;
+        // The digest (ImportLog::hash) of the text that it was planned on; nothing without a file.
+        std::optional<QString> digest = {};
         // By ascending year.
         std::vector<Addition> additions = {};
         int entryCount = 0;

@@ -86,7 +86,7 @@ private:
     // A day while it is planned: what its file will hold, and the keys it holds already.
     struct Day {
         ImportPlan::FileChange change;
-        QString text;
+        SectionedText text;
         QSet<QString> seen;
     };
 
@@ -102,10 +102,11 @@ private:
 
     void planDay(const MonthDay& monthDay, Years& years, const std::optional<QString>& text) {
         Day day{.change = {.monthDay = monthDay, .existed = text.has_value()},
-                .text = text.value_or(dayfile::blankTemplate(monthDay)),
+                .text = {monthDay, text.value_or(dayfile::blankTemplate(monthDay))},
                 .seen = ImportLog::entryKeys(m_history, m_batch.source, monthDay, text)};
         for (auto& [year, entries] : years) planYear(year, entries, day);
         if (day.change.additions.empty()) return;
+        if (text) day.change.digest = ImportLog::hash(*text);
         ImportPlan::Stats& stats = m_plan.stats;
         stats.entries += day.change.entryCount;
         ++stats.days;
@@ -115,7 +116,7 @@ private:
 
     void planYear(int year, Entries& entries, Day& day) {
         std::stable_sort(entries.begin(), entries.end(), comesFirst);
-        const QString body = YearSectionParser::body(year, day.text);
+        const QString body = day.text.body(year).toString();
         Addition addition{.year = year,
                           .appended = !body.isEmpty(),
                           .entries = newEntries(entries, body, day.seen)};
@@ -125,9 +126,7 @@ private:
                                                  : EntryRenderer::Placement::Alone;
         addition.text =
             withClosedFence(EntryRenderer::section(addition.entries, m_plan.options, placement));
-        std::optional<QString> text = appending(addition.text, year, day.change.monthDay, day.text);
-        if (!text) return;
-        day.text = std::move(*text);
+        if (!append(addition.text, year, day.text)) return;
         add(std::move(addition), body, day.change);
     }
 
@@ -191,21 +190,17 @@ ImportPlan plan(const ImportBatch& batch, const ImportOptions& options,
                 [&](const MonthDay& day) { return dayfile::existingText(vault, day); });
 }
 
-std::optional<QString> appending(QStringView addition, int year, const MonthDay& monthDay,
-                                 QStringView text) {
-    const QStringView trimmed = text::trimmed(addition);
-    if (trimmed.isEmpty()) return std::nullopt;
-    const auto tried = [&](QStringView on) -> std::optional<QString> {
-        QString written =
-            YearSectionParser::appendingBody(addition, kSeparator, year, monthDay, on);
-        const bool isThere = YearSectionParser::body(year, written).contains(trimmed);
-        return isThere ? std::optional(std::move(written)) : std::nullopt;
-    };
-    std::optional<QString> written = tried(text);
-    if (written || !YearSectionParser::leavesFenceOpen(text)) return written;
+bool append(QStringView addition, int year, SectionedText& day) {
+    if (text::trimmed(addition).isEmpty()) return false;
+    if (day.appendWhole(addition, kSeparator, year)) return true;
+    if (!day.leavesFenceOpen()) return false;
     // Behind a fence that the file leaves open, the addition's own fences are turned inside out,
     // and what they hold may end the section.
-    return tried(YearSectionParser::closingFence(text));
+    SectionedText closed = day;
+    closed.closeFence();
+    if (!closed.appendWhole(addition, kSeparator, year)) return false;
+    day = std::move(closed);
+    return true;
 }
 
 }  // namespace diary::ImportPlanner

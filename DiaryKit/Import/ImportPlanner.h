@@ -11,6 +11,7 @@
 
 #include "DiaryKit/Import/ImportPlan.h"
 #include "DiaryKit/Import/ImportRecord.h"
+#include "DiaryKit/Vault/SectionedText.h"
 
 namespace diary::ImportPlanner {
 
@@ -27,13 +28,12 @@ using ExistingText = std::function<std::optional<QString>(const MonthDay&)>;
 [[nodiscard]] ImportPlan plan(const ImportBatch& batch, const ImportOptions& options,
                               std::span<const ImportRecord> history, const QString& vault);
 
-// A day's text with the addition at the end of the year's section, or nothing if the section can't
-// hold it whole: a year that the format has no header for, or a text that would end the section.
-// Nothing is reported as written that isn't found in the result. A fence that the text leaves open
-// is closed first where the addition wouldn't stay whole otherwise. `text` is the day's current
-// text, or the blank template.
-[[nodiscard]] std::optional<QString> appending(QStringView addition, int year,
-                                               const MonthDay& monthDay, QStringView text);
+// Puts the addition at the end of the year's section, or tells that the section can't hold it whole
+// and changes nothing: a year that the format has no header for, or a text that would end the
+// section. Nothing is reported as written that isn't found in the result. A fence that the text
+// leaves open is closed first where the addition wouldn't stay whole otherwise. `day` has the day's
+// current text, or the blank template.
+bool append(QStringView addition, int year, SectionedText& day);
 
 // At most 12 samples that show the most of an import: each trait, the earliest and the longest
 // section, and the rest evenly over the calendar. 12 or fewer are given back as they are.

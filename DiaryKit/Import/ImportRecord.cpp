@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+#include "DiaryKit/Import/ImportRecordFileJson.h"
+
 namespace diary {
 
 namespace {
@@ -163,20 +165,8 @@ public:
         if (text) set(key, QJsonValue(*text));
     }
 
-    void set(const char* key, const std::optional<QStringList>& texts) {
-        if (texts) set(key, QJsonValue(QJsonArray::fromStringList(*texts)));
-    }
-
     void set(const char* key, const std::optional<QDateTime>& moment) {
         if (moment) set(key, QJsonValue(moment->toUTC().toString(Qt::ISODate)));
-    }
-
-    template <typename Value>
-    void setList(const char* key, const std::vector<Value>& list,
-                 QJsonObject (*write)(const Value&)) {
-        QJsonArray array;
-        for (const Value& one : list) array.append(write(one));
-        set(key, QJsonValue(array));
     }
 
     [[nodiscard]] const QJsonObject& object() const { return m_object; }
@@ -185,42 +175,10 @@ private:
     QJsonObject m_object;
 };
 
-QJsonObject addedObject(const ImportRecord::Added& added) {
-    Writer writer;
-    writer.set("year", QJsonValue(added.year));
-    writer.set("text", QJsonValue(added.text));
-    writer.set("appended", QJsonValue(added.appended));
-    writer.set("entryKeys", added.entryKeys);
-    writer.set("entryTexts", added.entryTexts);
-    return writer.object();
-}
-
-QJsonObject fileObject(const ImportRecord::File& file) {
-    Writer writer;
-    writer.set("day", QJsonValue(file.day));
-    writer.set("existed", QJsonValue(file.existed));
-    writer.set("after", file.after);
-    writer.setList("added", file.added, addedObject);
-    writer.set("before", file.before);
-    if (file.committed) writer.set("committed", QJsonValue(*file.committed));
-    return writer.object();
-}
-
 QJsonObject skippedObject(const ImportBatch::Skipped& skipped) {
     Writer writer;
     for (const Count& count : kCounts) writer.set(count.key, QJsonValue(skipped.*count.value));
     return writer.object();
-}
-
-// Appends the value's lines, moved to the right below what they stand in.
-void appendIndented(const QByteArray& lines, QByteArray& json) {
-    for (qsizetype start = 0; start < lines.size();) {
-        const qsizetype end = lines.indexOf('\n', start);
-        json += "        ";
-        json.append(lines.constData() + start, end - start);
-        start = end + 1;
-        if (start < lines.size()) json += '\n';
-    }
 }
 
 // The record's JSON with the files in the place of none. They are nearly all of it, and a tree of
@@ -232,8 +190,8 @@ QByteArray withFiles(const QByteArray& record, const std::vector<ImportRecord::F
     const qsizetype place = record.indexOf(none) + none.size();
     QByteArray json = record.first(place);
     for (const ImportRecord::File& file : files) {
-        json += &file == &files.front() ? "\n" : ",\n";
-        appendIndented(QJsonDocument(fileObject(file)).toJson(QJsonDocument::Indented), json);
+        json += &file == &files.front() ? "\n        " : ",\n        ";
+        appendIndented(file, json);
     }
     json += record.sliced(place);
     return json;
@@ -247,7 +205,9 @@ std::optional<ImportRecord::File> ImportRecord::File::decode(const QByteArray& j
 }
 
 QByteArray ImportRecord::File::encoded() const {
-    return QJsonDocument(fileObject(*this)).toJson(QJsonDocument::Compact);
+    QByteArray json;
+    appendCompact(*this, json);
+    return json;
 }
 
 std::optional<ImportRecord> ImportRecord::decode(QByteArray json) {

@@ -1,9 +1,9 @@
 #include "DiaryKit/Import/ImportRecordKeys.h"
 
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QHash>
 #include <algorithm>
 
+#include "DiaryKit/Foundation/Sha256.h"
 #include "DiaryKit/Foundation/TextSets.h"
 #include "DiaryKit/Import/ImportPlanCharacters.h"
 #include "DiaryKit/Vault/YearSectionParser.h"
@@ -149,8 +149,7 @@ void insertKeys(const ImportRecord::File& file, DayText& day, QSet<QString>& key
 }  // namespace
 
 QString hash(QStringView text) {
-    const QByteArray digest = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256);
-    return QString::fromLatin1(digest.toHex());
+    return sha256(text.toUtf8());
 }
 
 QSet<QString> entryKeys(std::span<const ImportRecord> records, ImportSource source,

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QHash>
 #include <algorithm>
 #include <cerrno>
 
@@ -21,6 +22,10 @@ namespace diary::ImportLog {
 namespace {
 
 using State = ImportRecord::State;
+
+// An import adds once to a year of a day. Each addition is sought in the whole section, so a record
+// that tells of thousands would keep us for hours; those beyond this many count as not found.
+constexpr int kMostOfOneYear = 100;
 
 [[noreturn]] void throwCorrupt(const QString& path) {
     throw FileError(FileOperation::Read, path, EBADMSG);
@@ -121,20 +126,13 @@ private:
     }
 
     void cut(const QString& path, const QString& text, const std::optional<QString>& backup) {
-        QString working = text;
-        bool isChanged = false;
+        SectionedText day(m_monthDay, text);
         int notFound = 0;
-        for (const ImportRecord::Added& added : m_file.added) {
-            Cut cut = cuttingOut(added, m_monthDay, backup, !m_file.after, working);
-            if (cut.isNotFound) ++notFound;
-            if (!cut.text) continue;
-            working = std::move(*cut.text);
-            isChanged = true;
-        }
-        if (isChanged) replace(path, text, working);
+        const bool isCutOut = isCut(day, backup, notFound);
+        if (isCutOut) replace(path, text, day.text());
         // Behind the write, which may be tried again.
         m_result.notFound += notFound;
-        if (isChanged) ++m_result.edited;
+        if (isCutOut) ++m_result.edited;
     }
 
     void replace(const QString& path, const QString& text, const QString& working) {
@@ -146,6 +144,21 @@ private:
         } else {
             atomicfile::writeOver(path, text.toUtf8(), working.toUtf8());
         }
+    }
+
+    // Cuts all additions out and tells whether there was any to be cut, and how many aren't there.
+    bool isCut(SectionedText& day, const std::optional<QString>& backup, int& notFound) const {
+        std::optional<SectionedText> before;
+        if (backup) before.emplace(m_monthDay, *backup);
+        QHash<int, int> ofYear;
+        bool isCut = false;
+        for (const ImportRecord::Added& added : m_file.added) {
+            const bool isTried = ++ofYear[added.year] <= kMostOfOneYear;
+            const Cut cut = isTried ? cutOut(added, before, !m_file.after, day) : Cut::NotFound;
+            if (cut == Cut::NotFound) ++notFound;
+            isCut = isCut || cut == Cut::Made;
+        }
+        return isCut;
     }
 
     const ImportRecord::File& m_file;

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "DiaryKit/Import/ImportRecord.h"
+#include "DiaryKit/Vault/SectionedText.h"
 
 namespace diary::ImportLog {
 
@@ -37,22 +38,22 @@ struct UndoResult {
 // its digest isn't the recorded one. Blocks; any thread.
 UndoResult undo(const ImportRecord& record, const QString& vault, const QDateTime& now);
 
-// A day's text without what was added to one year of it.
-struct Cut {
-    // Absent if nothing was cut.
-    std::optional<QString> text = {};
-    // The addition may still be there, and can't be told from the user's own words.
-    bool isNotFound = false;
-
-    bool operator==(const Cut&) const = default;
+// What became of an addition that was to be cut out.
+enum class Cut {
+    Made,
+    // It may still be there, and can't be told from the user's own words.
+    NotFound,
+    // The import never added it.
+    NotNeeded
 };
 
-// Cuts the addition out of `text`, the day's text as it is now. `backup` is its text before the
-// import; `isOfOldVersion` tells of a record that lacks the digest of what was written, and may
-// list what the day held before. Never cuts into a line. Pure.
+// Cuts the addition out of the day's text as it is now. `backup` is its text before the import;
+// `isOfOldVersion` tells of a record that lacks the digest of what was written, and may list what
+// the day held before. Never cuts into a line. Touches no file. Costs what the year's sections
+// cost.
 //   {2024, "tea"}, "# 01-02\n\n## 2024\n\ntea\n\nmine\n" -> "# 01-02\n\n## 2024\n\nmine\n"
-[[nodiscard]] Cut cuttingOut(const ImportRecord::Added& added, const MonthDay& monthDay,
-                             const std::optional<QString>& backup, bool isOfOldVersion,
-                             const QString& text);
+[[nodiscard]] Cut cutOut(const ImportRecord::Added& added,
+                         const std::optional<SectionedText>& backup, bool isOfOldVersion,
+                         SectionedText& day);
 
 }  // namespace diary::ImportLog

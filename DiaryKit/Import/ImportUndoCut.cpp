@@ -35,6 +35,7 @@ std::optional<QString> withoutOnly(QStringView text, QStringView part) {
 
 // The section without the addition wherever it stands, with the rule ahead of it if it has one.
 std::optional<QString> withoutAddition(QStringView section, const QString& addition) {
+    if (!section.contains(addition)) return std::nullopt;
     for (const QString& part :
          {kSeparator + addition, kRule + QLatin1String("\n\n") + addition, addition}) {
         if (auto rest = withoutOnly(section, part)) return rest;
@@ -50,27 +51,27 @@ QString withoutNewRule(QStringView section, QStringView before) {
     return text::trimmed(text.sliced(kRule.size())).toString();
 }
 
-// The body of the year's first section as the file has it, or nothing without one.
-std::optional<QStringView> firstSection(int year, QStringView text) {
-    for (const YearSectionParser::Section& one : YearSectionParser::sections(text)) {
-        if (one.year != year) continue;
-        return text.sliced(one.bodyRange.location, one.bodyRange.end() - one.bodyRange.location);
-    }
-    return std::nullopt;
-}
-
 bool holds(QStringView text, QStringView part) {
     return !part.isEmpty() && text.contains(part);
 }
 
+// What follows the part at the head of the text; nothing if another text stands there.
+std::optional<QStringView> behind(QStringView part, std::optional<QStringView> text) {
+    if (!text || !text->startsWith(part)) return std::nullopt;
+    return text->sliced(part.size());
+}
+
 // The section's text without the addition, or nothing if there is no being sure.
 std::optional<QString> cutSection(QStringView section, const ImportRecord::Added& added,
-                                  const QString& addition, const QString& prior) {
+                                  const QString& addition, QStringView prior) {
     // The old text, the addition, and what was written behind it.
-    const QString expected = prior + (added.appended ? kSeparator : QLatin1String()) + addition;
-    if (section.startsWith(expected) && isAtLineEnd(section, expected.size())) {
-        return QString(prior % section.sliced(expected.size()));
+    std::optional<QStringView> rest = behind(prior, section);
+    if (added.appended && rest) {
+        rest = rest->startsWith(kSeparator) ? std::optional(rest->sliced(kSeparator.size()))
+                                            : std::nullopt;
     }
+    rest = behind(addition, rest);
+    if (rest && isAtLineEnd(*rest, 0)) return QString(prior % *rest);
     // The old text says the same, so a cut could take the user's words.
     if (addition.isEmpty() || holds(prior, addition)) return std::nullopt;
     return withoutAddition(section, addition);
@@ -78,24 +79,26 @@ std::optional<QString> cutSection(QStringView section, const ImportRecord::Added
 
 }  // namespace
 
-Cut cuttingOut(const ImportRecord::Added& added, const MonthDay& monthDay,
-               const std::optional<QString>& backup, bool isOfOldVersion, const QString& text) {
+Cut cutOut(const ImportRecord::Added& added, const std::optional<SectionedText>& backup,
+           bool isOfOldVersion, SectionedText& day) {
     const QString addition = text::trimmed(added.text).toString();
-    const QString prior = backup ? YearSectionParser::body(added.year, *backup) : QString();
-    if (isOfOldVersion && holds(prior, addition)) return {};
-    const std::optional<QStringView> whole = firstSection(added.year, text);
-    if (!whole) return {.isNotFound = true};
+    const QStringView prior = backup ? backup->body(added.year) : QStringView();
+    if (isOfOldVersion && holds(prior, addition)) return Cut::NotNeeded;
+    const std::optional<QStringView> whole = day.section(added.year);
+    if (!whole) return Cut::NotFound;
     const QStringView section = text::trimmed(*whole);
     const std::optional<QString> rest = cutSection(section, added, addition, prior);
-    if (!rest) return {.isNotFound = true};
+    if (!rest) return Cut::NotFound;
     QString body = withoutNewRule(*rest, section);
     if (body.isEmpty() && !added.appended) {
-        return {.text = YearSectionParser::removingSection(added.year, text)};
+        day.removeSection(added.year);
+        return Cut::Made;
     }
     // What is left must not swallow the years behind it: the addition may have closed a fence, and
     // trimming may show one that white space hid.
     if (!YearSectionParser::leavesFenceOpen(*whole)) body = YearSectionParser::closingFence(body);
-    return {.text = YearSectionParser::replacingBody(body, added.year, monthDay, text)};
+    day.replaceBody(body, added.year);
+    return Cut::Made;
 }
 
 }  // namespace diary::ImportLog

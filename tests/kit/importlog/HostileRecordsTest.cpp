@@ -81,8 +81,8 @@ QByteArray longDay(int years) {
 }
 
 TEST_F(HostileRecord, MayTellOfOneDayThousandsOfTimes) {
-    constexpr int kTimes = 1'000;
-    m_vault.write(QStringLiteral("01-02.md"), longDay(1'000));
+    constexpr int kTimes = 2'500;
+    m_vault.write(QStringLiteral("01-02.md"), longDay(2'500));
     bring(record(std::vector<ImportRecord::File>(
         kTimes, {.day = QStringLiteral("01-02"),
                  .after = QStringLiteral("x"),
@@ -91,7 +91,7 @@ TEST_F(HostileRecord, MayTellOfOneDayThousandsOfTimes) {
 }
 
 TEST_F(HostileRecord, MayAddThousandsOfTimesToOneDay) {
-    constexpr int kYears = 1'000;
+    constexpr int kYears = 5'000;
     ImportRecord::File file{.day = QStringLiteral("01-02"), .after = QStringLiteral("x")};
     for (int year = 1; year <= kYears; ++year) {
         file.added.push_back({.year = year, .text = QStringLiteral("tea"), .appended = true});
@@ -101,6 +101,21 @@ TEST_F(HostileRecord, MayAddThousandsOfTimesToOneDay) {
     EXPECT_EQ(undo(), (ImportLog::UndoResult{.edited = 1}));
     EXPECT_EQ(m_vault.read(QStringLiteral("01-02.md")).count("tea"), 0);
     EXPECT_EQ(m_vault.read(QStringLiteral("01-02.md")).count("mine"), kYears);
+}
+
+TEST_F(HostileRecord, MayAddThousandsOfTimesToOneYear) {
+    constexpr int kTimes = 4'500;
+    ImportRecord::File file{.day = QStringLiteral("01-02"), .after = QStringLiteral("x")};
+    for (int time = 0; time < kTimes; ++time) {
+        file.added.push_back({.year = 2024, .text = QStringLiteral("tea %1\nend").arg(time)});
+    }
+    QByteArray text = "# 01-02\n\n## 2024\n";
+    for (int time = 0; time < 12'000; ++time)
+        text += "\ntea " + QByteArray::number(time) + "\nend\n";
+    m_vault.write(QStringLiteral("01-02.md"), text);
+    bring(record({file}));
+    constexpr int kMostOfOneYear = 100;
+    EXPECT_EQ(undo(), (ImportLog::UndoResult{.edited = 1, .notFound = kTimes - kMostOfOneYear}));
 }
 
 }  // namespace

@@ -306,31 +306,41 @@ TEST_F(UndoTest, TwoImportsAreUndoneInEitherOrder) {
     EXPECT_EQ(m_vault.read(kDay), kOld);
 }
 
+// The text without the addition; nothing if it wasn't cut.
+std::optional<QString> cutting(const ImportRecord::Added& added, const QString& text) {
+    SectionedText day({1, 2}, text);
+    if (cutOut(added, std::nullopt, false, day) == Cut::Made) return day.text();
+    EXPECT_EQ(day.text(), text);
+    return std::nullopt;
+}
+
 TEST(CuttingOut, ClosesAFenceThatTheAdditionHadClosed) {
     const ImportRecord::Added added{.year = 2023, .text = QStringLiteral("code\n```")};
-    const QString text =
-        QStringLiteral("# 01-02\n\n## 2023\n\n```\ncode\n```\n\n## 2024\n\nlater\n");
-    const Cut cut = cuttingOut(added, {1, 2}, std::nullopt, false, text);
-    ASSERT_TRUE(cut.text.has_value());
-    EXPECT_EQ(YearSectionParser::body(2024, *cut.text), u"later");
+    const auto cut = cutting(
+        added, QStringLiteral("# 01-02\n\n## 2023\n\n```\ncode\n```\n\n## 2024\n\nlater\n"));
+    ASSERT_TRUE(cut.has_value());
+    EXPECT_EQ(YearSectionParser::body(2024, *cut), u"later");
 }
 
 TEST(CuttingOut, ClosesAFenceThatWhiteSpaceHid) {
     const ImportRecord::Added added{.year = 2023, .text = QStringLiteral("imported")};
-    const QString text =
-        QStringLiteral("# 01-02\n\n## 2023\n\n\u2029```\nmine\n\nimported\n\n## 2024\n\nlater\n");
-    const Cut cut = cuttingOut(added, {1, 2}, std::nullopt, false, text);
-    ASSERT_TRUE(cut.text.has_value());
-    EXPECT_EQ(YearSectionParser::body(2023, *cut.text), u"```\nmine\n```");
-    EXPECT_EQ(YearSectionParser::body(2024, *cut.text), u"later");
+    const auto cut = cutting(
+        added,
+        QStringLiteral("# 01-02\n\n## 2023\n\n\u2029```\nmine\n\nimported\n\n## 2024\n\nlater\n"));
+    ASSERT_TRUE(cut.has_value());
+    EXPECT_EQ(YearSectionParser::body(2023, *cut), u"```\nmine\n```");
+    EXPECT_EQ(YearSectionParser::body(2024, *cut), u"later");
 }
 
 TEST(CuttingOut, AnOldRecordListsWhatTheDayHeldBefore) {
     const ImportRecord::Added added{.year = 2024, .text = QStringLiteral("imported")};
     const QString text = QStringLiteral("# 01-02\n\n## 2024\n\nimported\n\nmine\n");
-    EXPECT_EQ(cuttingOut(added, {1, 2}, QString::fromLatin1(kNew), true, text), Cut());
-    EXPECT_EQ(cuttingOut(added, {1, 2}, std::nullopt, true, text).text,
-              QStringLiteral("# 01-02\n\n## 2024\n\nmine\n"));
+    SectionedText day({1, 2}, text);
+    const SectionedText backup({1, 2}, QString::fromLatin1(kNew));
+    EXPECT_EQ(cutOut(added, backup, true, day), Cut::NotNeeded);
+    EXPECT_EQ(day.text(), text);
+    EXPECT_EQ(cutOut(added, std::nullopt, true, day), Cut::Made);
+    EXPECT_EQ(day.text(), QStringLiteral("# 01-02\n\n## 2024\n\nmine\n"));
 }
 
 }  // namespace

@@ -44,10 +44,10 @@ inline ImportRecord written(const ImportPlan& plan, ImportSource source, Files& 
     for (const ImportPlan::FileChange& change : plan.changes) {
         QString& text = files.try_emplace(change.monthDay, dayfile::blankTemplate(change.monthDay))
                             .first->second;
+        SectionedText day(change.monthDay, text);
         ImportRecord::File file{.day = change.monthDay.headerTitle(), .existed = change.existed};
         for (const ImportPlan::Addition& addition : change.additions) {
-            text = ImportPlanner::appending(addition.text, addition.year, change.monthDay, text)
-                       .value_or(text);
+            ImportPlanner::append(addition.text, addition.year, day);
             ImportRecord::Added added{.year = addition.year,
                                       .text = addition.text,
                                       .appended = addition.appended,
@@ -64,6 +64,7 @@ inline ImportRecord written(const ImportPlan& plan, ImportSource source, Files& 
             }
             file.added.push_back(std::move(added));
         }
+        text = day.text();
         file.after = ImportLog::hash(text);
         file.committed = true;
         record.files.push_back(std::move(file));

@@ -190,6 +190,15 @@ TEST(Plan, ReportsNoBlankSections) {
     EXPECT_THAT(plan.changes, IsEmpty());
 }
 
+// The text with the addition, or nothing if it can't be held.
+std::optional<QString> appending(QStringView addition, int year, const MonthDay& monthDay,
+                                 const QString& text) {
+    SectionedText day(monthDay, text);
+    if (ImportPlanner::append(addition, year, day)) return day.text();
+    EXPECT_EQ(day.text(), text);
+    return std::nullopt;
+}
+
 TEST(Appending, FindsWhatItWrote) {
     const QString text = QStringLiteral("# 03-07\n");
     EXPECT_EQ(appending(u"a\n", 2024, kMonthDay, text), u"# 03-07\n\n## 2024\n\na\n");
