@@ -27,15 +27,15 @@ public:
 
     QString lines(int most) {
         static const QStringList kLines = {
-            QStringLiteral("# 01-02"),     QStringLiteral("## 2021"),  QStringLiteral("## 2023"),
-            QStringLiteral("## 2022 \r"),  QStringLiteral("## 2020\t"), QStringLiteral("```"),
-            QStringLiteral("  ```cpp"),    QStringLiteral("---"),      QString(),
-            QStringLiteral("words"),       QStringLiteral("\u3000"),   QStringLiteral("a \u0301"),
-            QStringLiteral("\u2029```"),   QStringLiteral("## 20245"), QStringLiteral("## 2024 x"),
-            QStringLiteral("\u0600 "),     QStringLiteral("\r")};
-        static const QStringList kEnds = {
-            QStringLiteral("\n"), QStringLiteral("\n"), QStringLiteral("\n\n"),
-            QStringLiteral("\r\n"), QString()};
+            QStringLiteral("# 01-02"),    QStringLiteral("## 2021"),   QStringLiteral("## 2023"),
+            QStringLiteral("## 2022 \r"), QStringLiteral("## 2020\t"), QStringLiteral("```"),
+            QStringLiteral("  ```cpp"),   QStringLiteral("---"),       QString(),
+            QStringLiteral("words"),      QStringLiteral("\u3000"),    QStringLiteral("a \u0301"),
+            QStringLiteral("\u2029```"),  QStringLiteral("## 20245"),  QStringLiteral("## 2024 x"),
+            QStringLiteral("\u0600 "),    QStringLiteral("\r")};
+        static const QStringList kEnds = {QStringLiteral("\n"), QStringLiteral("\n"),
+                                          QStringLiteral("\n\n"), QStringLiteral("\r\n"),
+                                          QString()};
         QString text;
         for (int count = below(most); count > 0; --count) {
             text += kLines[below(static_cast<int>(kLines.size()))];
@@ -82,8 +82,8 @@ TEST(SectionedText, GivesWhatTheWholeTextGives) {
         for (int step = 0; step < 5; ++step) {
             const QString before = whole;
             edit(random, day, whole);
-            ASSERT_EQ(day.text(), whole) << "seed " << seed << ", step " << step << ", on "
-                                         << before.toStdString();
+            ASSERT_EQ(day.text(), whole)
+                << "seed " << seed << ", step " << step << ", on " << before.toStdString();
             for (int year = 2020; year < 2025; ++year) {
                 ASSERT_EQ(day.body(year).toString(), YearSectionParser::body(year, whole));
             }
