@@ -41,8 +41,7 @@ TEST(JsonText, TellsOfHalfACharacter) {
 }
 
 TEST(Sha256, IsTheStandards) {
-    EXPECT_EQ(sha256("abc"),
-              u"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(sha256("abc"), u"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
     EXPECT_EQ(sha256(QByteArrayView()),
               u"e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
     EXPECT_EQ(sha256(QByteArray(1'000'000, 'a')),
