@@ -125,12 +125,12 @@ private:
 
 // Whether the text is the blocks of its entries, as nearly every one is: what is escaped once need
 // not be escaped again.
-bool isMadeOfEntries(const ImportRecord::Added& added) {
-    if (!added.entryTexts || added.entryTexts->isEmpty()) return false;
+bool isMadeOf(const QString& text, const QStringList& blocks) {
+    if (blocks.isEmpty()) return false;
     const QLatin1String blankLine("\n\n");
-    QStringView rest = added.text;
-    for (const QString& block : *added.entryTexts) {
-        if (&block != &added.entryTexts->front()) {
+    QStringView rest = text;
+    for (const QString& block : blocks) {
+        if (&block != &blocks.front()) {
             if (!rest.startsWith(blankLine)) return false;
             rest = rest.sliced(blankLine.size());
         }
@@ -144,7 +144,7 @@ void write(const ImportRecord::Added& added, Writer& writer) {
     writer.open('{');
     writer.flag("appended", added.appended);
     writer.texts("entryKeys", added.entryKeys);
-    if (isMadeOfEntries(added)) {
+    if (added.entryTexts && isMadeOf(added.text, *added.entryTexts)) {
         writer.textsAndWhole("entryTexts", *added.entryTexts, "text");
     } else {
         writer.texts("entryTexts", added.entryTexts);

@@ -17,7 +17,8 @@ struct UndoResult {
     int restored = 0;
     // Day files that had changed, and that the imported text was cut out of.
     int edited = 0;
-    // Additions, a year's worth of imported text each, that stayed for want of certainty.
+    // Additions, a year's worth of imported text each, that stayed for want of certainty, and those
+    // beyond a hundred to one year of an edited day, which no import makes.
     int notFound = 0;
 
     bool operator==(const UndoResult&) const = default;

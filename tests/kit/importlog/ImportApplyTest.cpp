@@ -112,6 +112,23 @@ TEST(ImportApply, LeavesADoneRecordWithoutFilesIfEverythingArrivedMeanwhile) {
     EXPECT_EQ(dayFilesOf(vault), before);
 }
 
+TEST(ImportApply, AddsNothingThatARecordTellsOfThatArrivedMeanwhile) {
+    const TemporaryVault vault;
+    const ImportBatch batch = batchOf({entryAt({2024, 1, 2}, {8, 0}, QStringLiteral("early")),
+                                       entryAt({2024, 1, 2}, {20, 0}, QStringLiteral("late"))});
+    const ImportRecord first = importInto(vault.path(), batch);
+    const QString path = QStringLiteral(".velmar/imports/%1.json").arg(first.id);
+    const QByteArray bytes = vault.read(path);
+    const DayFiles before = dayFilesOf(vault);
+    // The day has come with the sync, its record comes whole behind the plan.
+    vault.write(path, bytes.chopped(3));
+    const ImportPlan plan = planIn(vault.path(), batch);
+    ASSERT_EQ(plan.stats.entries, 2);
+    vault.write(path, bytes);
+    EXPECT_TRUE(apply(plan, batch, {}, contextOf(vault.path(), 60)).files.empty());
+    EXPECT_EQ(dayFilesOf(vault), before);
+}
+
 TEST(ImportApply, AddsNothingTheSecondTime) {
     const TemporaryVault vault;
     vault.write(kDay, kOld);

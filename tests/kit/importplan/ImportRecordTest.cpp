@@ -4,6 +4,7 @@
 
 #include <QtCore/QJsonDocument>
 
+#include "DiaryKit/Import/ImportRecordFileJson.h"
 #include "tests/support/Printing.h"
 
 namespace diary {
@@ -161,6 +162,34 @@ TEST(ImportRecordFile, IsOneLineOfAJournal) {
     EXPECT_FALSE(line.contains('\n'));
     EXPECT_EQ(ImportRecord::File::decode(line), file);
     EXPECT_EQ(ImportRecord::File::decode(line.chopped(1)), std::nullopt);
+}
+
+// The texts of one addition, whose blocks make its text or don't.
+ImportRecord::File fileWith(const QString& text, const QStringList& blocks) {
+    return {.day = QStringLiteral("01-02"),
+            .after = QString(),
+            .added = {{.year = -1, .text = text, .entryKeys = blocks, .entryTexts = blocks}, {}},
+            .committed = false};
+}
+
+TEST(ImportRecordFile, IsTheLibrarysCompactForm) {
+    const QString half(QChar(0xD83D));
+    const QStringList blocks = {QStringLiteral("a\"b\n"), half, QString(), QStringLiteral("日記/")};
+    const QString whole = blocks.join(QLatin1String("\n\n"));
+    for (const QString& text : {whole, whole + u'x', whole.chopped(1), QString(), half}) {
+        const ImportRecord::File file = fileWith(text, blocks);
+        const QByteArray line = file.encoded();
+        EXPECT_EQ(line, QJsonDocument::fromJson(line).toJson(QJsonDocument::Compact));
+        EXPECT_EQ(ImportRecord::File::decode(line), file);
+    }
+}
+
+TEST(ImportRecordFile, ChangesOneWordOnceItIsCommitted) {
+    ImportRecord::File file =
+        fileWith(QStringLiteral("\"committed\":false"), {QStringLiteral("\"committed\":false,")});
+    const QByteArray announced = file.encoded();
+    file.committed = true;
+    EXPECT_EQ(committed(announced), file.encoded());
 }
 
 TEST(ImportRecord, TellsTheDaysOfItsFiles) {
