@@ -71,6 +71,11 @@ TEST(NoteBody, HasTheFlavorsMarksAsMarkdown) {
     EXPECT_EQ(clean(s("- mood:: fine"), Flavor::logseq).text, s("- mood:: fine"));
 }
 
+TEST(NoteBody, KeepsAZeroWidthBlankAtItsFront) {
+    const QString text = QChar(0xFEFF) + s("x\nheading:: 3");
+    EXPECT_EQ(clean(text, Flavor::logseq).text, QChar(0xFEFF) + s("x"));
+}
+
 TEST(NoteTitle, GoesIfItOnlyRepeatsTheDate) {
     EXPECT_EQ(dropDateTitle(s("# 2021-03-04\n\nx\n")), s("x"));
     EXPECT_EQ(dropDateTitle(s("# 2021-03-04 Trip\nx\n")), s("# 2021-03-04 Trip\nx\n"));
@@ -79,15 +84,20 @@ TEST(NoteTitle, GoesIfItOnlyRepeatsTheDate) {
 }
 
 TEST(NoteBody, IsWhatTheRulesAsRegularExpressionsMake) {
-    static const QStringList pieces = {
-        s("![["),    s("]]"),     s("!["),    s("]"),          s("("),
-        s(")"),      s("{"),      s("}"),     s("a"),          s(".png"),
-        s(".TIFF"),  s(".jpeg"),  s("|"),     s(".ſvg"),       s("::"),
-        s(":"),      s("__"),     s("_"),     s("~"),          s("~~"),
-        s("\n"),     s("\n\n"),   s(" "),     s("\t"),         s("- "),
-        s("-"),      s("id::"),   s("card-"), s("x"),          s("card-a-b::"),
-        s("[["),     s("\u2028"), s("\v"),    s("\r"),         s("collapsed:: true"),
-        s("\u0085"), s("é"),      s("😀"),    s("heading:: 2")};
+    static const QStringList pieces = {s("![["),        s("]]"),     s("!["),
+                                       s("]"),          s("("),      s(")"),
+                                       s("{"),          s("}"),      s("a"),
+                                       s(".png"),       s(".TIFF"),  s(".jpeg"),
+                                       s("|"),          s(".ſvg"),   s("::"),
+                                       s(":"),          s("__"),     s("_"),
+                                       s("~"),          s("~~"),     s("\n"),
+                                       s("\n\n"),       s(" "),      s("\t"),
+                                       s("- "),         s("-"),      s("id::"),
+                                       s("card-"),      s("x"),      s("card-a-b::"),
+                                       s("[["),         s("\u2028"), QString(QChar(0xFEFF)),
+                                       s("\v"),         s("\r"),     s("collapsed:: true"),
+                                       s("\u0085"),     s("é"),      s("😀"),
+                                       s("heading:: 2")};
     QRandomGenerator random(20211104);
     for (int round = 0; round < 30'000; ++round) {
         QString text;

@@ -35,7 +35,9 @@ public:
         matcher->reset();
         const icu::UnicodeString result = matcher->replaceAll(m_replacement, status);
         if (U_FAILURE(status)) return std::nullopt;
-        return std::pair(QString::fromUtf16(result.getBuffer(), result.length()), count);
+        // Not by fromUtf16, which takes U+FEFF at the front for a byte order mark.
+        const auto* units = reinterpret_cast<const QChar*>(result.getBuffer());
+        return std::pair(QString(units, result.length()), count);
     }
 
 private:
