@@ -181,6 +181,18 @@ QJsonObject skippedObject(const ImportBatch::Skipped& skipped) {
     return writer.object();
 }
 
+// Each text stands there twice, as one and in its entries. Copying what has grown would take longer
+// than writing it.
+qsizetype likelySize(const QByteArray& record, const std::vector<ImportRecord::File>& files) {
+    constexpr qsizetype kOfFile = 512;
+    qsizetype size = record.size();
+    for (const ImportRecord::File& file : files) {
+        size += kOfFile;
+        for (const ImportRecord::Added& added : file.added) size += kOfFile + 2 * added.text.size();
+    }
+    return size;
+}
+
 // The record's JSON with the files in the place of none. They are nearly all of it, and a tree of
 // them all would be several times their size.
 QByteArray withFiles(const QByteArray& record, const std::vector<ImportRecord::File>& files) {
@@ -189,6 +201,7 @@ QByteArray withFiles(const QByteArray& record, const std::vector<ImportRecord::F
     const QByteArrayView none = "\n    \"files\": [";
     const qsizetype place = record.indexOf(none) + none.size();
     QByteArray json = record.first(place);
+    json.reserve(likelySize(record, files));
     for (const ImportRecord::File& file : files) {
         json += &file == &files.front() ? "\n        " : ",\n        ";
         appendIndented(file, json);
