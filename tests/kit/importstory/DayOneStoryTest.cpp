@@ -6,8 +6,12 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <set>
+#include <string_view>
 
 #include "DiaryKit/AppSources/DayOneSource.h"
 #include "DiaryKit/Files/AtomicFile.h"
@@ -61,8 +65,14 @@ Export ownExport() {
          {"__MACOSX/._Journal.json", "junk"}}};
 }
 
+// Journals that no story can be told of: two are cut short, and one has its first date so late that
+// it isn't recognised.
+constexpr std::array<std::string_view, 3> kWithoutStory = {
+    "_constructed_entries_first_late_creationDate", "kulapard_invalid",
+    "one_good_one_broken_Truncated"};
+
 // The journals beside the source folder, each as an export of its own.
-std::vector<Export> samples() {
+std::vector<Export> journals() {
     std::vector<Export> all;
     QDirIterator files(QStringLiteral(VELMAR_SOURCE_DIR "/../shared/samples/dayone"),
                        {QStringLiteral("*.json")}, QDir::Files, QDirIterator::Subdirectories);
@@ -80,9 +90,13 @@ std::vector<Export> samples() {
     return all;
 }
 
+bool hasStory(const Export& one) {
+    return std::ranges::find(kWithoutStory, one.name) == kWithoutStory.end();
+}
+
 std::vector<Export> exports() {
-    std::vector<Export> all = samples();
-    all.insert(all.begin(), ownExport());
+    std::vector<Export> all = {ownExport()};
+    std::ranges::copy_if(journals(), std::back_inserter(all), hasStory);
     return all;
 }
 
@@ -97,25 +111,24 @@ DayFiles filesOf(const TemporaryVault& vault) {
     return all;
 }
 
+void archive(const Export& one, const QString& path) {
+    ZipBuilder zip;
+    for (const auto& [name, bytes] : one.files) zip.add(ZipBuilder::packed(name, bytes));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(zip.bytes());
+}
+
 // An archive of an export on the disk, and what is read from it.
 class DayOneStory : public ::testing::TestWithParam<Export> {
 protected:
     void SetUp() override {
-        ZipBuilder zip;
-        for (const auto& [name, bytes] : GetParam().files) zip.add(ZipBuilder::packed(name, bytes));
-        QFile file(m_archive);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(zip.bytes());
-        file.close();
-        try {
-            m_batch = DayOneSource::read(ImportPackage(m_archive), QStringLiteral("Export.zip"));
-        } catch (const std::exception& error) {
-            GTEST_SKIP() << "no whole export: " << error.what();
-        }
+        archive(GetParam(), m_archive);
+        m_batch = DayOneSource::read(ImportPackage(m_archive), QStringLiteral("Export.zip"));
         for (const ImportedEntry& entry : m_batch.entries) {
             if (isKept(entry)) m_days.insert(entry.day.monthDay());
         }
-        if (m_days.empty()) GTEST_SKIP() << "an export without entries";
+        ASSERT_FALSE(m_days.empty());
     }
 
     static bool isKept(const ImportedEntry& entry) {
@@ -355,6 +368,19 @@ TEST_P(DayOneStory, CutOffAnywhereItLeadsBackAndOn) {
     }
     // The first calls come ahead of any record, and the last behind a whole one.
     EXPECT_GE(offers, kPoints / 2);
+}
+
+// A reader that learns one of them has a story to tell of it.
+TEST(DayOneJournals, WithoutAStoryAreRefused) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("Export.zip"));
+    for (const Export& one : journals()) {
+        if (hasStory(one)) continue;
+        archive(one, path);
+        EXPECT_ANY_THROW(
+            (void)DayOneSource::read(ImportPackage(path), QStringLiteral("Export.zip")))
+            << one.name;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Exports, DayOneStory, ::testing::ValuesIn(exports()),
